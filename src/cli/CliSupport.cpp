@@ -1,0 +1,137 @@
+#include "CliSupport.h"
+
+#include "Log.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+void printError(const QString &message)
+{
+    logLine(u"Error: "_s + message);
+}
+
+void printOut(const QByteArray &bytes)
+{
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+}
+
+int usageError(const QCommandLineParser &parser, const QString &message)
+{
+    std::fprintf(stderr, "%s\n\n%s", qPrintable(message), qPrintable(parser.helpText()));
+    return ExitUsage;
+}
+
+std::optional<double> doubleOption(const QCommandLineParser &parser, const QString &name, bool *ok)
+{
+    if (!parser.isSet(name))
+        return std::nullopt;
+    bool valid = false;
+    const double value = QLocale::c().toDouble(parser.value(name), &valid);
+    if (!valid || !std::isfinite(value))
+        *ok = false;
+    return value;
+}
+
+void addReadOptions(QCommandLineParser &parser)
+{
+    parser.addOption({u"fps"_s, u"Frame rate for frame-based formats (default 25)."_s, u"F"_s});
+    parser.addOption({u"length"_s, u"Movie length in seconds."_s, u"S"_s});
+    parser.addOption({u"encoding"_s, u"Text encoding number to try first."_s, u"N"_s});
+}
+
+QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
+{
+    bool ok = true;
+    if (auto fps = doubleOption(parser, u"fps"_s, &ok); ok && fps) {
+        if (*fps < 0)
+            return u"--fps must not be negative."_s;
+        options->fps = *fps;
+    }
+    if (!ok)
+        return u"--fps takes a number."_s;
+    if (auto length = doubleOption(parser, u"length"_s, &ok); ok && length)
+        options->length = *length;
+    if (!ok)
+        return u"--length takes a number of seconds."_s;
+    if (parser.isSet(u"encoding"_s)) {
+        bool valid = false;
+        const qulonglong number = parser.value(u"encoding"_s).toULongLong(&valid);
+        if (!valid || number > 0xFFFFFFFFull)
+            return u"--encoding takes an encoding number."_s;
+        options->encoding = EncodingId(number);
+    }
+    return {};
+}
+
+bool checkReadableFile(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        printError(u"Could not read '%1': No such file or directory"_s.arg(path));
+        return false;
+    }
+    if (info.isDir()) {
+        printError(u"'%1' is a folder, not a subtitle file"_s.arg(path));
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        printError(u"Could not read '%1': %2"_s.arg(path, file.errorString()));
+        return false;
+    }
+    return true;
+}
+
+std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOptions &options)
+{
+    if (!checkReadableFile(path))
+        return std::nullopt;
+    std::optional<SubtitleList> cues =
+        VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding, true);
+    if (!cues) {
+        if (QFileInfo(path).size() == 0)
+            printError(u"'%1' is empty"_s.arg(path));
+        else
+            printError(u"No subtitles could be read from '%1'"_s.arg(path));
+    }
+    return cues;
+}
+
+void appendJsonNumber(QByteArray &out, double value)
+{
+    if (!std::isfinite(value)) {
+        out.append("null"); // JSON has no NaN or infinity
+        return;
+    }
+    out.append(QByteArray::number(value, 'g', QLocale::FloatingPointShortest));
+}
+
+void appendJsonString(QByteArray &out, const QString &text)
+{
+    static const char hex[] = "0123456789abcdef";
+    out.append('"');
+    const QByteArray utf8 = text.toUtf8();
+    for (char c : utf8) {
+        switch (c) {
+        case '"': out.append("\\\""); break;
+        case '\\': out.append("\\\\"); break;
+        case '\n': out.append("\\n"); break;
+        case '\r': out.append("\\r"); break;
+        case '\t': out.append("\\t"); break;
+        default:
+            if (static_cast<unsigned char>(c) < 0x20) {
+                out.append("\\u00");
+                out.append(hex[(c >> 4) & 0xF]);
+                out.append(hex[c & 0xF]);
+            } else {
+                out.append(c);
+            }
+        }
+    }
+    out.append('"');
+}

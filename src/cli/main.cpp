@@ -1,0 +1,55 @@
+#include "CliSupport.h"
+#include "Commands.h"
+#include "Log.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+const char kUsage[] =
+    "Usage: captora-cli COMMAND [OPTIONS] ARGUMENTS\n"
+    "\n"
+    "Captora's subtitle engine for scripts.\n"
+    "\n"
+    "Commands:\n"
+    "  dump FILE          Print the cues of a subtitle file as JSON.\n"
+    "  convert IN OUT     Read a subtitle file and write it as SubRip.\n"
+    "\n"
+    "Run 'captora-cli COMMAND --help' for the options of a command.\n"
+    "Options: --help, --version\n";
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(u"captora-cli"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(CAPTORA_VERSION));
+    installLogHandler();
+
+    QStringList args = QCoreApplication::arguments();
+    if (args.size() < 2) {
+        std::fputs(kUsage, stderr);
+        return ExitUsage;
+    }
+    const QString command = args.at(1);
+    if (command == u"--help"_s || command == u"-h"_s || command == u"help"_s) {
+        std::fputs(kUsage, stdout);
+        return ExitOk;
+    }
+    if (command == u"--version"_s) {
+        std::printf("captora-cli %s\n", CAPTORA_VERSION);
+        return ExitOk;
+    }
+    // The subcommand sees itself as the program name.
+    args.removeAt(1);
+    args[0] = u"captora-cli "_s + command;
+    if (command == u"dump"_s)
+        return runDump(args);
+    if (command == u"convert"_s)
+        return runConvert(args);
+    std::fprintf(stderr, "Unknown command '%s'.\n\n%s", qPrintable(command), kUsage);
+    return ExitUsage;
+}

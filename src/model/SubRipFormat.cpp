@@ -1,0 +1,54 @@
+#include "VHSubtitle.h"
+
+#include "AtomicFile.h"
+#include "Log.h"
+#include "SubRipReader.h"
+
+using namespace Qt::StringLiterals;
+
+std::optional<SubtitleList> VHSubtitle::subtitlesFromSubRipString(const QString &text)
+{
+    static const SubRipDialect dialect{
+        u",", u".", false, [](const QString &string, double start, double end, bool forced) {
+            return std::make_shared<VHSubtitle>(string, start, end, forced);
+        }};
+    return readSubRipText(text, dialect);
+}
+
+QString VHSubtitle::subRipText(const SubtitleList &subtitles, bool useWindowsLineBreak)
+{
+    QString text;
+    qsizetype estimate = 0;
+    for (const SubtitlePtr &cue : subtitles)
+        estimate += cue->string().size() + 48;
+    text.reserve(estimate);
+    qsizetype number = 0;
+    for (const SubtitlePtr &cue : subtitles) {
+        text.append(QString::number(++number));
+        text.append(u'\n');
+        text.append(cue->description());
+        text.append(u"\n\n");
+    }
+    if (useWindowsLineBreak)
+        text.replace(u"\n"_s, u"\r\n"_s);
+    return text;
+}
+
+bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &path, EncodingId encoding,
+                                bool useWindowsLineBreak)
+{
+    const QString text = subRipText(subtitles, useWindowsLineBreak);
+    QByteArray bytes;
+    QString error;
+    if (!TextCodec::encode(text, encoding == Encodings::None ? Encodings::UTF8 : encoding, &bytes, &error) ||
+        !writeFileAtomically(path, bytes, &error)) {
+        logLine(u"Warning: Could not save file, because: %1"_s.arg(error));
+        return false;
+    }
+    return true;
+}
+
+bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &path)
+{
+    return writeSubtitles(subtitles, path, Encodings::UTF8, false);
+}

@@ -1,0 +1,124 @@
+#include "SubRipReader.h"
+
+#include "Log.h"
+#include "TimeText.h"
+
+#include <climits>
+
+using namespace Qt::StringLiterals;
+
+QList<QStringView> splitSubtitleLines(const QString &text)
+{
+    const QStringView view(text);
+    QList<QStringView> lines = view.split(u'\n');
+    if (lines.size() == 1)
+        lines = view.split(u'\r');
+    return lines;
+}
+
+namespace {
+// 0 at the start; 1 after a number line; 2 after blanks following a number; 3 after a time
+// or text line; 4 after blanks following state 3.
+enum State { Start = 0, AfterNumber = 1, BlankAfterNumber = 2, InCue = 3, BlankInCue = 4 };
+
+QString formatted(double seconds)
+{
+    return VHSubtitle::formatedTime(seconds);
+}
+} // namespace
+
+std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect)
+{
+    const QList<QStringView> lines = splitSubtitleLines(text);
+    SubtitleList result;
+
+    int state = Start;
+    QString pendingText;
+    bool hasPending = false; // pending text is "none" until the first time line
+    double pendingStart = 0, pendingEnd = 0;
+    bool pendingForced = false;
+    qsizetype extraLines = 0;
+    qint64 lastNumber = 0;
+
+    auto appendText = [&](QStringView line) {
+        if (pendingText.isEmpty()) {
+            pendingText = line.toString();
+            extraLines = 0;
+        } else {
+            pendingText.append(u'\n');
+            pendingText.append(line);
+            ++extraLines;
+            if (extraLines >= 5)
+                logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(line));
+        }
+    };
+
+    auto numberLine = [&](qint64 number) {
+        if (lastNumber == LLONG_MAX || number != lastNumber + 1)
+            logLine(u"Parsing Warning: Line %1 followed line %2"_s.arg(number).arg(lastNumber));
+        lastNumber = number;
+        state = AfterNumber;
+    };
+
+    for (qsizetype index = 0; index < lines.size(); ++index) {
+        const QStringView line = lines[index].trimmed();
+        if (line.isEmpty()) {
+            state = state == Start ? Start : (state >= InCue ? BlankInCue : BlankAfterNumber);
+            continue;
+        }
+        if (state == InCue) {
+            appendText(line);
+            continue;
+        }
+        const qsizetype arrow = line.indexOf(u"-->");
+        if (arrow >= 0) {
+            const QStringView startText = line.first(arrow);
+            QStringView endText = line.sliced(arrow + 3);
+            const qsizetype marker = endText.indexOf(u"!!!");
+            const bool forced = marker >= 0;
+            if (forced)
+                endText = endText.first(marker);
+            const double start =
+                TimeText::parse(startText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
+            const double end = TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
+            if (start < pendingEnd)
+                logLine(u"Parsing Warning: Line '%1' starts %2 before last end %3"_s.arg(
+                    line.toString(), formatted(start), formatted(pendingEnd)));
+            if (end < start)
+                logLine(u"Parsing Warning: Line '%1' ends %2 before it starts %3"_s.arg(
+                    line.toString(), formatted(end), formatted(start)));
+            if (hasPending)
+                result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, pendingForced));
+            hasPending = true;
+            pendingText.clear();
+            pendingStart = start;
+            pendingEnd = end;
+            pendingForced = forced;
+            state = InCue;
+            continue;
+        }
+        if (dialect.chapterNumberLines) {
+            const qsizetype chapter = line.indexOf(u"chapter", 0, Qt::CaseInsensitive);
+            if (chapter >= 0) {
+                numberLine(TimeText::leadingInteger(line.sliced(chapter + 7)));
+                continue;
+            }
+        }
+        const qint64 value = TimeText::leadingInteger(line);
+        if (value < 1 && state != Start) {
+            if (state == BlankInCue) {
+                appendText(line);
+                continue;
+            }
+            logLine(u"Warning: Parsing SRT fails in line (%1) '%2'"_s.arg(index + 1).arg(line));
+            return std::nullopt;
+        }
+        numberLine(value);
+    }
+
+    if (!pendingText.isEmpty())
+        result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, false));
+    if (result.isEmpty())
+        return std::nullopt;
+    return result;
+}

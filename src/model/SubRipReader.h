@@ -1,0 +1,24 @@
+#pragma once
+
+#include "VHSubtitle.h"
+
+#include <QStringView>
+
+#include <functional>
+#include <optional>
+
+// The line-state reader behind SubRip cues and WebVTT chapter marks. The two dialects
+// differ only in the kind of cue they make, the decimal symbols of their times, and whether
+// a line containing "chapter" numbers the next cue.
+struct SubRipDialect
+{
+    QStringView decimalSymbol;
+    QStringView alternateDecimalSymbol;
+    bool chapterNumberLines = false;
+    std::function<SubtitlePtr(const QString &text, double start, double end, bool forced)> makeCue;
+};
+
+std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect);
+
+// Splits at line feeds, or at carriage returns when there is no line feed at all.
+QList<QStringView> splitSubtitleLines(const QString &text);

@@ -1,0 +1,147 @@
+#include "TimeText.h"
+
+#include <QVarLengthArray>
+
+#include <climits>
+#include <cmath>
+#include <charconv>
+
+namespace TimeText {
+
+namespace {
+bool isSpace(QChar c)
+{
+    return c.isSpace();
+}
+bool isDigit(QChar c)
+{
+    return c.unicode() >= u'0' && c.unicode() <= u'9';
+}
+} // namespace
+
+double leadingDouble(QStringView text)
+{
+    qsizetype i = 0;
+    const qsizetype n = text.size();
+    while (i < n && isSpace(text[i]))
+        ++i;
+    const qsizetype begin = i;
+    // Fast path: plain digits, which is what time fields nearly always are.
+    double value = 0;
+    while (i < n && isDigit(text[i])) {
+        value = value * 10 + (text[i].unicode() - u'0');
+        ++i;
+    }
+    if (i < n && (text[i] == u'.' || text[i] == u'e' || text[i] == u'E' || text[i] == u'+' ||
+                  text[i] == u'-')) {
+        // Rare forms (signs, decimals, exponents): read the longest number prefix exactly,
+        // independent of the C locale.
+        QVarLengthArray<char, 64> ascii;
+        for (qsizetype j = begin; j < n && text[j].unicode() < 128; ++j)
+            ascii.append(char(text[j].unicode()));
+        const char *first = ascii.constData();
+        const char *last = first + ascii.size();
+        bool negative = false;
+        if (first != last && (*first == '+' || *first == '-')) {
+            negative = *first == '-';
+            ++first;
+        }
+        double parsed = 0;
+        if (std::from_chars(first, last, parsed, std::chars_format::general).ec != std::errc())
+            parsed = 0;
+        return negative ? -parsed : parsed;
+    }
+    return value;
+}
+
+qint64 leadingInteger(QStringView text)
+{
+    qsizetype i = 0;
+    const qsizetype n = text.size();
+    while (i < n && isSpace(text[i]))
+        ++i;
+    bool negative = false;
+    if (i < n && (text[i] == u'-' || text[i] == u'+')) {
+        negative = text[i] == u'-';
+        ++i;
+    }
+    qint64 value = 0;
+    while (i < n && isDigit(text[i])) {
+        const int digit = text[i].unicode() - u'0';
+        if (value > (LLONG_MAX - digit) / 10)
+            return negative ? LLONG_MIN : LLONG_MAX;
+        value = value * 10 + digit;
+        ++i;
+    }
+    return negative ? -value : value;
+}
+
+double parse(QStringView text, QStringView decimal, QStringView alternate)
+{
+    qsizetype symbol = decimal.isEmpty() ? -1 : text.lastIndexOf(decimal);
+    qsizetype symbolLength = decimal.size();
+    if (symbol < 0 && !alternate.isEmpty()) {
+        symbol = text.lastIndexOf(alternate);
+        symbolLength = alternate.size();
+    }
+
+    double fraction = 0;
+    QStringView integral = text;
+    if (symbol >= 0) {
+        integral = text.first(symbol);
+        QStringView digits = text.sliced(symbol + symbolLength);
+        while (!digits.isEmpty() && (digits.front() == u' ' || digits.front() == u'\t'))
+            digits = digits.sliced(1);
+        while (!digits.isEmpty() && (digits.back() == u' ' || digits.back() == u'\t'))
+            digits.chop(1);
+        // Read from the last character to the first; characters are not checked to be digits.
+        for (qsizetype i = digits.size() - 1; i >= 0; --i)
+            fraction = (double(int(digits[i].unicode()) - int(u'0')) + fraction) / 10;
+    }
+
+    double hours = 0, minutes = 0, seconds = 0;
+    const qsizetype lastColon = integral.lastIndexOf(u':');
+    if (lastColon < 0) {
+        seconds = leadingDouble(integral);
+    } else {
+        seconds = leadingDouble(integral.sliced(lastColon + 1));
+        const QStringView before = integral.first(lastColon);
+        const qsizetype colon = before.lastIndexOf(u':');
+        if (colon < 0) {
+            minutes = leadingDouble(before);
+        } else {
+            minutes = leadingDouble(before.sliced(colon + 1));
+            hours = leadingDouble(before.first(colon));
+        }
+    }
+    return (hours * 60 + minutes) * 60 + seconds + fraction;
+}
+
+void appendPadded(QString &out, int value, int width)
+{
+    char16_t digits[16];
+    int count = 0;
+    // Work in unsigned to print INT_MIN correctly.
+    unsigned magnitude = value < 0 ? 0u - unsigned(value) : unsigned(value);
+    do {
+        digits[count++] = char16_t(u'0' + magnitude % 10);
+        magnitude /= 10;
+    } while (magnitude);
+    if (value < 0) {
+        out.append(u'-');
+        --width;
+    }
+    for (int i = count; i < width; ++i)
+        out.append(u'0');
+    while (count)
+        out.append(QChar(digits[--count]));
+}
+
+int toInt(double value)
+{
+    if (std::isnan(value) || value >= 2147483648.0 || value < -2147483648.0)
+        return INT_MIN;
+    return int(value);
+}
+
+} // namespace TimeText

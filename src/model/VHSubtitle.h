@@ -1,0 +1,117 @@
+#pragma once
+
+#include "Observable.h"
+#include "TextCodec.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class VHSubtitle;
+class VHTimeValueTransformer;
+
+// Cues are shared: the list that holds them, the project's current-cue slot and the
+// overlay all keep the same cue alive through these pointers. A list owns its cues only in
+// the sense that it holds references; a cue lives as long as anyone holds it.
+using SubtitlePtr = std::shared_ptr<VHSubtitle>;
+using SubtitleList = QList<SubtitlePtr>;
+
+// One subtitle cue: text shown from a start to an end time (seconds), with the flags
+// forced, fixed and active. Its end never lies before its start, moving its start moves the
+// whole cue, and every change that can make it overlap a neighbour is posted
+// ("VHSubtitleEndGrew", "VHSubtitleStartReduced") so that the project can move the
+// neighbours. Observable keys: start, end, duration, string, forced, fixed, active,
+// activeColor.
+//
+// Create cues with std::make_shared (or create()); the deferred "duration" announcement
+// of setDuration() only reaches cues held that way.
+class VHSubtitle : public Observable, public std::enable_shared_from_this<VHSubtitle>
+{
+public:
+    static const QString EndGrewNotification;      // "VHSubtitleEndGrew"
+    static const QString StartReducedNotification; // "VHSubtitleStartReduced"
+
+    enum class LabelColor { Standard, Secondary };
+
+    // Null text, times 0, flags false.
+    VHSubtitle();
+    // Stores the values as given: no clamping, no notification.
+    VHSubtitle(const QString &string, double from, double to, bool forced = false);
+    ~VHSubtitle() override;
+
+    static SubtitlePtr create(const QString &string, double from, double to, bool forced = false)
+    {
+        return std::make_shared<VHSubtitle>(string, from, to, forced);
+    }
+
+    double start() const { return m_start; }
+    double end() const { return m_end; }
+    double duration() const { return m_end - m_start; }
+    const QString &string() const { return m_string; }
+    bool forced() const { return m_forced; }
+    bool fixed() const { return m_fixed; }
+    bool active() const { return m_active; }
+    LabelColor activeColor() const { return m_active ? LabelColor::Standard : LabelColor::Secondary; }
+
+    // Moves the whole cue; posts "VHSubtitleStartReduced" when it moves earlier.
+    virtual void setStart(double start);
+    // Stores the larger of `end` and the start; posts "VHSubtitleEndGrew" when the requested
+    // end lies after the old one.
+    virtual void setEnd(double end);
+    // Sets the end to start + duration; when that was clamped, announces "duration" again
+    // later on the main queue so that a bound field shows the clamped value.
+    void setDuration(double duration);
+    void setString(const QString &string);
+    void setForced(bool forced);
+    void setFixed(bool fixed);
+    void setActive(bool active);
+
+    // Sets both times as given, with no clamping and no notification besides the key
+    // announcements of "start" and then "end".
+    void replaceStart(double start, double end);
+
+    // hh:mm:ss,mmm with truncated milliseconds.
+    static QString formatedTime(double seconds);
+    // "<start> --> <end>[ !!!]\n<text>": one SubRip cue body.
+    QString description() const;
+
+    // Repairs ordering and overlaps of neighbours in one forward pass, logging each fix.
+    static void correctSubtitles(SubtitleList &subtitles);
+
+    // SubRip: reads a whole text, or none when it holds no cue or has a line that cannot
+    // be placed.
+    static std::optional<SubtitleList> subtitlesFromSubRipString(const QString &text);
+    // Writes atomically; false (after logging why) when the file could not be written.
+    static bool writeSubtitles(const SubtitleList &subtitles, const QString &path, EncodingId encoding,
+                               bool useWindowsLineBreak);
+    static bool writeSubtitles(const SubtitleList &subtitles, const QString &path);
+    // The text writeSubtitles() writes, before encoding.
+    static QString subRipText(const SubtitleList &subtitles, bool useWindowsLineBreak);
+
+    // Loading a subtitle file of any supported format; see SubtitleLoading.cpp.
+    static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps, double length,
+                                                              EncodingId encoding, bool encodingIsOptional);
+    static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps = 0,
+                                                              double length = 0);
+    static std::optional<QString> stringWithContentsOfURL(const QString &path, EncodingId encoding,
+                                                          bool encodingIsOptional);
+
+    // The formatter of cue times: not localized, "," before the milliseconds.
+    static const VHTimeValueTransformer &timeFormatter();
+
+protected:
+    QStringList dependentKeys(const QString &key) const override;
+    // Stores an end after the rules of setEnd() and posts its notification; returns
+    // nothing. Shared with subclasses that add their own notification.
+    void storeEnd(double end);
+
+private:
+    QString m_string;
+    double m_start = 0;
+    double m_end = 0;
+    bool m_forced = false;
+    bool m_fixed = false;
+    bool m_active = false;
+};

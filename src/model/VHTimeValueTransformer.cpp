@@ -1,0 +1,101 @@
+#include "VHTimeValueTransformer.h"
+
+#include "TimeText.h"
+
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+VHTimeValueTransformer::VHTimeValueTransformer()
+{
+    setLocalized(true);
+}
+
+VHTimeValueTransformer::~VHTimeValueTransformer() = default;
+
+void VHTimeValueTransformer::setLocalized(bool localized)
+{
+    m_localized = localized;
+    setDecimalSymbol(localized ? QLocale::system().decimalPoint() : u","_s);
+}
+
+void VHTimeValueTransformer::setDecimalSymbol(const QString &symbol)
+{
+    m_decimalSymbol = symbol;
+    m_alternateDecimalSymbol = symbol == u"."_s ? u","_s : u"."_s;
+}
+
+VHTimeValueTransformer::Fields VHTimeValueTransformer::fields(double t)
+{
+    // The order of operations matters for the truncated milliseconds; keep it.
+    const double h = std::floor(t / 60 / 60);
+    const double r = t - h * 3600;
+    const double m = std::floor(r / 60);
+    const double sPrime = r - m * 60;
+    const double s = std::floor(sPrime);
+    const double ms = std::floor((sPrime - s) * 1000);
+    return {TimeText::toInt(h), TimeText::toInt(m), TimeText::toInt(s), TimeText::toInt(ms), h, m};
+}
+
+void VHTimeValueTransformer::appendTime(QString &out, double seconds, QStringView symbol)
+{
+    const Fields f = fields(seconds);
+    TimeText::appendPadded(out, f.hours, 2);
+    out.append(u':');
+    TimeText::appendPadded(out, f.minutes, 2);
+    out.append(u':');
+    TimeText::appendPadded(out, f.seconds, 2);
+    out.append(symbol);
+    TimeText::appendPadded(out, f.milliseconds, 3);
+}
+
+QString VHTimeValueTransformer::transformedValue(double seconds) const
+{
+    QString out;
+    out.reserve(16);
+    appendTime(out, seconds, m_decimalSymbol);
+    return out;
+}
+
+double VHTimeValueTransformer::reverseTransformedValue(QStringView text) const
+{
+    return TimeText::parse(text, m_decimalSymbol, m_alternateDecimalSymbol);
+}
+
+VHTimeValueTransformer &VHTimeValueTransformer::shared()
+{
+    static VHTimeValueTransformer transformer;
+    return transformer;
+}
+
+QString VHTimeValueTransformer::stringForTime(double seconds)
+{
+    return shared().transformedValue(seconds);
+}
+
+double VHTimeValueTransformer::timeForString(QStringView text)
+{
+    return shared().reverseTransformedValue(text);
+}
+
+QString VHSuccinctTimeTransformer::transformedValue(double seconds) const
+{
+    const Fields f = fields(seconds);
+    QString out;
+    if (f.rawHours < 1 && f.rawMinutes < 1) {
+        TimeText::appendPadded(out, f.seconds, 1);
+    } else {
+        if (f.rawHours >= 1) {
+            TimeText::appendPadded(out, f.hours, 2);
+            out.append(u':');
+        }
+        TimeText::appendPadded(out, f.minutes, 2);
+        out.append(u':');
+        TimeText::appendPadded(out, f.seconds, 2);
+    }
+    out.append(decimalSymbol());
+    TimeText::appendPadded(out, f.milliseconds, 3);
+    return out;
+}
