@@ -3,6 +3,7 @@
 #include "AtomicFile.h"
 #include "Log.h"
 #include "SubRipReader.h"
+#include "TimeText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,11 +23,11 @@ QString VHSubtitle::subRipText(const SubtitleList &subtitles, bool useWindowsLin
     for (const SubtitlePtr &cue : subtitles)
         estimate += cue->string().size() + 48;
     text.reserve(estimate);
-    qsizetype number = 0;
+    qint64 number = 0;
     for (const SubtitlePtr &cue : subtitles) {
-        text.append(QString::number(++number));
+        TimeText::appendPadded(text, ++number, 1);
         text.append(u'\n');
-        text.append(cue->description());
+        cue->appendDescription(text);
         text.append(u"\n\n");
     }
     if (useWindowsLineBreak)

@@ -29,7 +29,10 @@ QString formatted(double seconds)
 
 std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect)
 {
-    const QList<QStringView> lines = splitSubtitleLines(text);
+    // Lines are taken one at a time from the text rather than split into a list first:
+    // same lines, without a second copy of the file's structure in memory.
+    const QStringView all(text);
+    const char16_t separator = all.contains(u'\n') ? u'\n' : u'\r';
     SubtitleList result;
 
     int state = Start;
@@ -60,8 +63,13 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
         state = AfterNumber;
     };
 
-    for (qsizetype index = 0; index < lines.size(); ++index) {
-        const QStringView line = lines[index].trimmed();
+    qsizetype index = 0; // 0-based number of the current line
+    for (qsizetype from = 0; from <= all.size(); ++index) {
+        qsizetype to = all.indexOf(separator, from);
+        if (to < 0)
+            to = all.size();
+        const QStringView line = all.sliced(from, to - from).trimmed();
+        from = to + 1;
         if (line.isEmpty()) {
             state = state == Start ? Start : (state >= InCue ? BlankInCue : BlankAfterNumber);
             continue;

@@ -78,10 +78,16 @@ qint64 leadingInteger(QStringView text)
 
 double parse(QStringView text, QStringView decimal, QStringView alternate)
 {
-    qsizetype symbol = decimal.isEmpty() ? -1 : text.lastIndexOf(decimal);
+    // Symbols are nearly always one character; searching for a QChar is much cheaper.
+    auto lastIndex = [text](QStringView symbol) -> qsizetype {
+        if (symbol.isEmpty())
+            return -1;
+        return symbol.size() == 1 ? text.lastIndexOf(symbol.front()) : text.lastIndexOf(symbol);
+    };
+    qsizetype symbol = lastIndex(decimal);
     qsizetype symbolLength = decimal.size();
-    if (symbol < 0 && !alternate.isEmpty()) {
-        symbol = text.lastIndexOf(alternate);
+    if (symbol < 0) {
+        symbol = lastIndex(alternate);
         symbolLength = alternate.size();
     }
 
@@ -117,12 +123,12 @@ double parse(QStringView text, QStringView decimal, QStringView alternate)
     return (hours * 60 + minutes) * 60 + seconds + fraction;
 }
 
-void appendPadded(QString &out, int value, int width)
+void appendPadded(QString &out, qint64 value, int width)
 {
-    char16_t digits[16];
+    char16_t digits[24];
     int count = 0;
-    // Work in unsigned to print INT_MIN correctly.
-    unsigned magnitude = value < 0 ? 0u - unsigned(value) : unsigned(value);
+    // Work in unsigned to print the most negative value correctly.
+    quint64 magnitude = value < 0 ? 0ull - quint64(value) : quint64(value);
     do {
         digits[count++] = char16_t(u'0' + magnitude % 10);
         magnitude /= 10;

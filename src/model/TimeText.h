@@ -20,7 +20,7 @@ double leadingDouble(QStringView text);
 qint64 leadingInteger(QStringView text);
 
 // Appends `value` as printf's "%0<width>d" would print it.
-void appendPadded(QString &out, int value, int width);
+void appendPadded(QString &out, qint64 value, int width);
 
 // Converts like a C cast of a double to int on x86: NaN and values outside the range of
 // int give INT_MIN instead of undefined behaviour.

@@ -148,6 +148,12 @@ QString VHSubtitle::description() const
 {
     QString out;
     out.reserve(32 + m_string.size());
+    appendDescription(out);
+    return out;
+}
+
+void VHSubtitle::appendDescription(QString &out) const
+{
     VHTimeValueTransformer::appendTime(out, m_start, u",");
     out.append(u" --> ");
     VHTimeValueTransformer::appendTime(out, m_end, u",");
@@ -155,7 +161,6 @@ QString VHSubtitle::description() const
         out.append(u" !!!");
     out.append(u'\n');
     out.append(m_string);
-    return out;
 }
 
 void VHSubtitle::correctSubtitles(SubtitleList &subtitles)

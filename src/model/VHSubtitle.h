@@ -76,6 +76,8 @@ public:
     static QString formatedTime(double seconds);
     // "<start> --> <end>[ !!!]\n<text>": one SubRip cue body.
     QString description() const;
+    // Appends description() to `out` without building it on its own.
+    void appendDescription(QString &out) const;
 
     // Repairs ordering and overlaps of neighbours in one forward pass, logging each fix.
     static void correctSubtitles(SubtitleList &subtitles);
