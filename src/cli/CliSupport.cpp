@@ -2,6 +2,7 @@
 
 #include "Log.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -20,9 +21,22 @@ void printOut(const QByteArray &bytes)
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
 }
 
+QString helpText(const QCommandLineParser &parser, const QString &command)
+{
+    // Qt names the program by its full path; name the subcommand the way it is typed.
+    QString text = parser.helpText();
+    const qsizetype lineEnd = text.indexOf(u'\n');
+    const QString firstLine = text.left(lineEnd);
+    const qsizetype options = firstLine.indexOf(u" [options]"_s);
+    if (firstLine.startsWith(u"Usage: "_s) && options > 0)
+        text.replace(7, options - 7, u"captora-cli "_s + command);
+    return text;
+}
+
 int usageError(const QCommandLineParser &parser, const QString &message)
 {
-    std::fprintf(stderr, "%s\n\n%s", qPrintable(message), qPrintable(parser.helpText()));
+    const QString command = QCoreApplication::arguments().value(1);
+    std::fprintf(stderr, "%s\n\n%s", qPrintable(message), qPrintable(helpText(parser, command)));
     return ExitUsage;
 }
 

@@ -17,6 +17,8 @@ void printError(const QString &message);
 // Writes UTF-8 to standard output.
 void printOut(const QByteArray &bytes);
 
+// The subcommand's help, naming it as typed ("captora-cli dump").
+QString helpText(const QCommandLineParser &parser, const QString &command);
 // A usage error: prints the message and the subcommand's help, returns ExitUsage.
 int usageError(const QCommandLineParser &parser, const QString &message);
 

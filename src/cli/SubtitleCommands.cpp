@@ -1,6 +1,7 @@
 #include "CliSupport.h"
 #include "Commands.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -18,7 +19,7 @@ int parseArguments(QCommandLineParser &parser, const QStringList &args, const QS
     if (!parser.parse(args))
         return usageError(parser, parser.errorText());
     if (parser.isSet(help)) {
-        std::fputs(qPrintable(parser.helpText()), stdout);
+        std::fputs(qPrintable(helpText(parser, QCoreApplication::arguments().value(1))), stdout);
         return ExitOk;
     }
     return -1;
