@@ -1,0 +1,64 @@
+#include "MainQueue.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(MainQueue, RunsOneBlockPerTurnInPostingOrder)
+{
+    MainQueue queue;
+    QStringList ran;
+    queue.post([&] { ran << u"a"_s; });
+    queue.post([&] { ran << u"b"_s; });
+    queue.post([&] { ran << u"c"_s; });
+    EXPECT_EQ(queue.pending(), 3);
+
+    EXPECT_TRUE(queue.runNext());
+    EXPECT_EQ(ran, QStringList{u"a"_s});
+    EXPECT_EQ(queue.drain(), 2);
+    EXPECT_EQ(ran, (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_FALSE(queue.runNext());
+    EXPECT_EQ(queue.drain(), 0);
+}
+
+TEST(MainQueue, BlockPostedWhileRunningWaitsBehindThoseAlreadyWaiting)
+{
+    MainQueue queue;
+    QStringList ran;
+    queue.post([&] {
+        ran << u"first"_s;
+        queue.post([&] { ran << u"posted by first"_s; });
+    });
+    queue.post([&] { ran << u"second"_s; });
+
+    EXPECT_TRUE(queue.runNext());
+    EXPECT_EQ(ran, QStringList{u"first"_s});
+    EXPECT_EQ(queue.pending(), 2);
+    EXPECT_EQ(queue.drain(), 2);
+    EXPECT_EQ(ran, (QStringList{u"first"_s, u"second"_s, u"posted by first"_s}));
+}
+
+TEST(MainQueue, AttachedQueueIsDrivenByTheEventLoop)
+{
+    MainQueue queue;
+    QStringList ran;
+    queue.post([&] { ran << u"before attaching"_s; });
+    queue.attachToEventLoop();
+    queue.post([&] {
+        ran << u"after attaching"_s;
+        queue.post([&] { ran << u"posted while running"_s; });
+    });
+    // Nothing runs until the loop turns.
+    EXPECT_TRUE(ran.isEmpty());
+
+    QDeadlineTimer deadline(5000);
+    while (queue.pending() > 0 && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    // Let any surplus wake-ups run before the queue goes away.
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ran, (QStringList{u"before attaching"_s, u"after attaching"_s, u"posted while running"_s}));
+}

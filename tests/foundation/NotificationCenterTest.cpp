@@ -1,0 +1,80 @@
+#include "NotificationCenter.h"
+#include "Observable.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(NotificationCenter, DeliversInRegistrationOrderToObserversOfThatObjectOrOfAny)
+{
+    NotificationCenter center;
+    Observable a, b;
+    QStringList calls;
+    const Observable *seenObject = nullptr;
+    auto record = [&](const QString &who) {
+        return [&, who](const Notification &n) {
+            calls << who;
+            seenObject = n.object;
+            EXPECT_EQ(n.name, u"N"_s);
+        };
+    };
+    auto t1 = center.addObserver(u"N"_s, nullptr, record(u"any1"_s));
+    auto t2 = center.addObserver(u"N"_s, &a, record(u"a"_s));
+    auto t3 = center.addObserver(u"N"_s, &b, record(u"b"_s));
+    auto t4 = center.addObserver(u"Other"_s, nullptr, record(u"other"_s));
+    auto t5 = center.addObserver(u"N"_s, nullptr, record(u"any2"_s));
+
+    center.post(u"N"_s, &a);
+    EXPECT_EQ(calls, (QStringList{u"any1"_s, u"a"_s, u"any2"_s}));
+    EXPECT_EQ(seenObject, &a);
+
+    calls.clear();
+    center.post(u"N"_s, nullptr);
+    EXPECT_EQ(calls, (QStringList{u"any1"_s, u"any2"_s}));
+}
+
+TEST(NotificationCenter, RemovalDuringDeliveryIsImmediateAdditionWaitsForTheNextPost)
+{
+    NotificationCenter center;
+    QStringList calls;
+    NotificationCenter::Token second, added;
+    auto first = center.addObserver(u"N"_s, nullptr, [&](const Notification &) {
+        calls << u"first"_s;
+        center.removeObserver(second);
+        if (!added)
+            added = center.addObserver(u"N"_s, nullptr, [&](const Notification &) { calls << u"added"_s; });
+    });
+    second = center.addObserver(u"N"_s, nullptr, [&](const Notification &) { calls << u"second"_s; });
+
+    center.post(u"N"_s, nullptr);
+    EXPECT_EQ(calls, QStringList{u"first"_s});
+
+    calls.clear();
+    center.post(u"N"_s, nullptr);
+    EXPECT_EQ(calls, (QStringList{u"first"_s, u"added"_s}));
+
+    center.removeObserver(first);
+    center.removeObserver(added);
+    EXPECT_FALSE(center.hasObservers(u"N"_s));
+}
+
+TEST(NotificationCenter, ScopedObserverEndsItsRegistrationWhenItGoesOrIsReplaced)
+{
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    const QString name = u"ScopedObserverTest"_s;
+    int one = 0, two = 0;
+    {
+        ScopedObserver scoped = center.addObserver(name, nullptr, [&](const Notification &) { ++one; });
+        center.post(name, nullptr);
+        EXPECT_EQ(one, 1);
+        scoped = center.addObserver(name, nullptr, [&](const Notification &) { ++two; });
+        center.post(name, nullptr);
+        EXPECT_EQ(one, 1);
+        EXPECT_EQ(two, 1);
+    }
+    center.post(name, nullptr);
+    EXPECT_EQ(two, 1);
+    EXPECT_FALSE(center.hasObservers(name));
+}

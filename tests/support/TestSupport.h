@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Prompter.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
+
+// The bytes of tests/data/<module>/<name>; fails the running test when it is missing.
+QByteArray fixtureBytes(const QString &module, const QString &name);
+QString fixturePath(const QString &module, const QString &name);
+
+// A fresh folder removed with everything in it when the object goes.
+class TempDir
+{
+public:
+    TempDir();
+    QString path(const QString &name) const { return m_dir.filePath(name); }
+    QString write(const QString &name, const QByteArray &bytes) const;
+    QByteArray read(const QString &name) const;
+    // Names of everything in the folder, hidden files included, sorted.
+    QStringList entries() const;
+
+private:
+    QTemporaryDir m_dir;
+};
+
+// Makes writes past `bytes` fail with EFBIG for its lifetime, the way a full disk or a
+// quota would; root ignores permissions but not this limit. SIGXFSZ is ignored meanwhile so
+// the process sees the error instead of being killed.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes);
+    ~FileSizeLimit();
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    rlimit m_previous{};
+    struct sigaction m_previousAction{};
+};
+
+// Answers prompts from a queue of button indexes and keeps every prompt it was shown. With
+// the queue empty it declines (last button), as the program's default prompter does.
+class ScriptedPrompter final : public Prompter
+{
+public:
+    QList<PromptAnswer> answers;
+    QList<Prompt> prompts;
+
+    PromptAnswer ask(const Prompt &prompt) override;
+};
