@@ -1,4 +1,5 @@
 #include "MainQueue.h"
+#include "TestSupport.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

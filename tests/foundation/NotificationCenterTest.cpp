@@ -1,5 +1,6 @@
 #include "NotificationCenter.h"
 #include "Observable.h"
+#include "TestSupport.h"
 
 #include <QStringList>
 

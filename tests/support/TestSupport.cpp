@@ -7,6 +7,24 @@
 
 using namespace Qt::StringLiterals;
 
+void PrintTo(const QString &text, std::ostream *os)
+{
+    *os << testing::PrintToString(text.toStdString());
+}
+
+void PrintTo(const QStringList &list, std::ostream *os)
+{
+    *os << '{';
+    for (qsizetype i = 0; i < list.size(); ++i)
+        *os << (i ? ", " : "") << testing::PrintToString(list[i].toStdString());
+    *os << '}';
+}
+
+void PrintTo(const QByteArray &bytes, std::ostream *os)
+{
+    *os << testing::PrintToString(bytes.toStdString());
+}
+
 QString fixturePath(const QString &module, const QString &name)
 {
     return QStringLiteral(CAPTORA_TEST_DATA_DIR) + u'/' + module + u'/' + name;

@@ -9,7 +9,13 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <ostream>
 #include <sys/resource.h>
+
+// Readable GoogleTest failure messages for Qt's text types.
+void PrintTo(const QString &text, std::ostream *os);
+void PrintTo(const QStringList &list, std::ostream *os);
+void PrintTo(const QByteArray &bytes, std::ostream *os);
 
 // The bytes of tests/data/<module>/<name>; fails the running test when it is missing.
 QByteArray fixtureBytes(const QString &module, const QString &name);

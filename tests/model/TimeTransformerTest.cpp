@@ -1,0 +1,95 @@
+#include "TestSupport.h"
+#include "VHSubtitle.h"
+#include "VHTimeValueTransformer.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+template <typename Transformer> Transformer withSymbol(const QString &symbol)
+{
+    Transformer t;
+    t.setDecimalSymbol(symbol);
+    return t;
+}
+} // namespace
+
+TEST(TimeTransformerWriting, FullFormShowsEveryFieldAndTruncatesMilliseconds)
+{
+    const auto subtitle = withSymbol<VHTimeValueTransformer>(u","_s);
+    const auto chapter = withSymbol<VHTimeValueTransformer>(u"."_s);
+    EXPECT_EQ(subtitle.transformedValue(3723.045), u"01:02:03,045"_s);
+    EXPECT_EQ(chapter.transformedValue(3723.045), u"01:02:03.045"_s);
+    EXPECT_EQ(subtitle.transformedValue(1.9999), u"00:00:01,999"_s);
+    EXPECT_EQ(subtitle.transformedValue(0), u"00:00:00,000"_s);
+    EXPECT_EQ(subtitle.transformedValue(360000.25), u"100:00:00,250"_s);
+}
+
+TEST(TimeTransformerWriting, SuccinctFormDropsLeadingZeroFields)
+{
+    const auto succinct = withSymbol<VHSuccinctTimeTransformer>(u","_s);
+    EXPECT_EQ(succinct.transformedValue(3723.045), u"01:02:03,045"_s);
+    EXPECT_EQ(succinct.transformedValue(65.25), u"01:05,250"_s);
+    EXPECT_EQ(succinct.transformedValue(5.25), u"5,250"_s);
+    EXPECT_EQ(succinct.transformedValue(59.9999), u"59,999"_s);
+    EXPECT_EQ(succinct.transformedValue(3599.5), u"59:59,500"_s);
+    EXPECT_EQ(succinct.transformedValue(3600), u"01:00:00,000"_s);
+}
+
+TEST(TimeTransformerReading, AcceptsBothSymbolsAndUnlimitedFields)
+{
+    for (const QString &symbol : {u","_s, u"."_s}) {
+        SCOPED_TRACE(symbol.toStdString());
+        const auto t = withSymbol<VHTimeValueTransformer>(symbol);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"1:05.5"), 65.5);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"1:05,5"), 65.5);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"90"), 90);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"2:90"), 210);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"01:02:03,045"), 3723.045);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"100:00:00,000"), 360000);
+        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u""), 0);
+    }
+}
+
+TEST(TimeTransformerReading, FractionIsReadDigitByDigitFromItsEnd)
+{
+    const auto t = withSymbol<VHTimeValueTransformer>(u","_s);
+    EXPECT_EQ(t.reverseTransformedValue(u"00:00:01,5"), 1.5);
+    EXPECT_EQ(t.reverseTransformedValue(u"00:00:01,50"), 1.5);
+    EXPECT_EQ(t.reverseTransformedValue(u"00:00:01,500"), 1.5);
+    EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"00:00:01,05"), 1.05);
+    EXPECT_EQ(t.reverseTransformedValue(u" 00:00:02, 25\t"), 2.25);
+    // Characters are not checked to be digits: 'x' counts as 72, so ",5x" is (5 + 7.2) / 10.
+    EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"0,5x"), 1.22);
+    // The decimal symbol is looked for before the alternate one, each from the end.
+    const auto dot = withSymbol<VHTimeValueTransformer>(u"."_s);
+    EXPECT_EQ(dot.reverseTransformedValue(u"01,5.25"), 1.25);
+}
+
+// Also run by CTest under a German locale, whose decimal symbol is ",".
+TEST(TimeTransformerLocale, LocalizedFollowsTheUserLocaleAndSwitchingMovesBothSymbols)
+{
+    const QString system = QLocale::system().decimalPoint();
+    const QString other = system == u"."_s ? u","_s : u"."_s;
+
+    VHTimeValueTransformer t;
+    EXPECT_TRUE(t.localized());
+    EXPECT_EQ(t.decimalSymbol(), system);
+    EXPECT_EQ(t.alternateDecimalSymbol(), other);
+    EXPECT_EQ(VHTimeValueTransformer::stringForTime(1.5), u"00:00:01"_s + system + u"500"_s);
+    EXPECT_DOUBLE_EQ(VHTimeValueTransformer::timeForString(QString(u"00:00:01"_s + other + u"25"_s)), 1.25);
+
+    t.setDecimalSymbol(u"."_s);
+    EXPECT_EQ(t.alternateDecimalSymbol(), u","_s);
+    t.setLocalized(false);
+    EXPECT_EQ(t.decimalSymbol(), u","_s);
+    EXPECT_EQ(t.alternateDecimalSymbol(), u"."_s);
+    t.setLocalized(true);
+    EXPECT_EQ(t.decimalSymbol(), system);
+
+    // Cue times are never localized.
+    EXPECT_EQ(VHSubtitle::formatedTime(1.5), u"00:00:01,500"_s);
+}
