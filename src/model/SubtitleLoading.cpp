@@ -56,12 +56,22 @@ std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, 
 std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                                EncodingId encoding, bool encodingIsOptional)
 {
-    Q_UNUSED(fps);
-    Q_UNUSED(length);
     const std::optional<QString> text = stringWithContentsOfURL(path, encoding, encodingIsOptional);
     if (!text)
         return std::nullopt;
+    // The format is decided by content, in a fixed order: SubRip first, so that a text with
+    // "-->" lines that SubRip accepts is never taken for MicroDVD; a SubRip text with a line
+    // it cannot place falls through to the others. Plain text accepts any text, so only a
+    // file named as one is read that way.
     std::optional<SubtitleList> cues = subtitlesFromSubRipString(*text);
+    if (!cues)
+        cues = subtitlesFromSubViewerString(*text);
+    if (!cues)
+        cues = subtitlesFromMicroDVDString(*text, fps == 0 ? 25 : fps);
+    if (!cues)
+        cues = subtitlesFromSubStationAlphaString(*text);
+    if (!cues && QFileInfo(path).suffix().toLower() == u"txt")
+        cues = subtitlesFromText(*text, length);
     if (!cues)
         return std::nullopt;
     correctSubtitles(*cues);

@@ -92,6 +92,21 @@ public:
     // The text writeSubtitles() writes, before encoding.
     static QString subRipText(const SubtitleList &subtitles, bool useWindowsLineBreak);
 
+    // The import-only formats. Each reads a whole decoded text and answers none when it
+    // finds no cue, so that the loader can try the next format.
+    // SubViewer: "hh:mm:ss.cc,hh:mm:ss.cc" lines each followed by one text line ("[br]"
+    // breaks it), scanned from after the first "[SUBTITLE]" when there is one.
+    static std::optional<SubtitleList> subtitlesFromSubViewerString(const QString &text);
+    // MicroDVD: "{start frame}{end frame}text" lines ("|" breaks the text). Stops at the
+    // first malformed line, keeping the cues read before it.
+    static std::optional<SubtitleList> subtitlesFromMicroDVDString(const QString &text, double fps);
+    // SubStationAlpha / Advanced SubStation: the Dialogue lines of the [Events] section, read
+    // in the field order its Format line gives. Texts keep their override codes.
+    static std::optional<SubtitleList> subtitlesFromSubStationAlphaString(const QString &text);
+    // Plain text: every line is a cue; the lines share the movie length evenly, or follow
+    // each other every 4 seconds when the length is not positive.
+    static std::optional<SubtitleList> subtitlesFromText(const QString &text, double length);
+
     // Loading a subtitle file of any supported format; see SubtitleLoading.cpp.
     static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                               EncodingId encoding, bool encodingIsOptional);
