@@ -1,0 +1,505 @@
+#include "CTWindowController.h"
+
+#include "CTFileHelper.h"
+#include "LocaleNames.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "PlaybackControl.h"
+#include "ProjectView.h"
+#include "Prompter.h"
+#include "Settings.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+const QString CTWindowController::SubLoadedNotification = u"SubLoaded"_s;
+
+ProjectView::~ProjectView() = default;
+PlaybackControl::~PlaybackControl() = default;
+
+void CTWindowController::registerDefaults()
+{
+    Settings &settings = Settings::shared();
+    QString locale = LocaleNames::currentLocaleIdentifier();
+    if (locale.size() >= 3)
+        locale = locale.left(2);
+    if (locale.isEmpty())
+        locale = u"en"_s;
+    settings.registerDefaults({
+        {u"SubtitleLength"_s, 4.0},
+        {u"ShowTutorial"_s, true},
+        {u"Locale"_s, locale},
+        {u"AutoConvert"_s, true},
+        {u"AutoExtract"_s, true},
+        {u"AutoExtractVTT"_s, false},
+        {u"AutoEmbed"_s, true},
+        {u"TapRewindSecs"_s, 3.0},
+        {u"TapDelaySecs"_s, 0.3},
+        {u"TapFixPrev"_s, true},
+        {u"AutoOpenSearch"_s, true},
+        {u"WindowsLineBreaks"_s, false},
+    });
+    // Exports use the reading encoding until the user picks one of their own.
+    const QVariant encoding = settings.value(u"Encoding"_s);
+    settings.registerDefaults({{u"ExportEncoding"_s, encoding.isValid() ? encoding : QVariant(0)}});
+}
+
+CTWindowController::CTWindowController(ProjectView *view, PlaybackControl *player)
+    : m_view(view)
+    , m_player(player)
+{
+    registerDefaults();
+}
+
+CTWindowController::~CTWindowController() = default;
+
+QStringList CTWindowController::dependentKeys(const QString &key) const
+{
+    if (key == u"subtitles"_s)
+        return {u"hasSubtitleFile"_s, u"hasPrevious"_s, u"hasNext"_s};
+    if (key == u"selectionIndices"_s)
+        return {u"canChangeForced"_s, u"forcedState"_s};
+    if (key == u"subtitlePath"_s)
+        return {u"visibleSubtitlePath"_s};
+    return {};
+}
+
+void CTWindowController::windowDidLoad()
+{
+    Settings &settings = Settings::shared();
+    m_searchCaseSensitive = settings.boolValue(u"searchCaseSensitive"_s);
+    m_languages.clear();
+    m_waitingSheets.clear();
+    setBasePath(QString());
+    observeCueNotifications();
+    if (settings.boolValue(u"AutoLoadLast"_s)) {
+        if (const QString movie = settings.stringValue(u"LastVideo"_s); !movie.isEmpty())
+            setMoviePath(movie);
+        if (const QString subtitle = settings.stringValue(u"LastSubtitle"_s); !subtitle.isEmpty())
+            setSubtitlePath(subtitle);
+    } else {
+        settings.remove(u"LastVideo"_s);
+        willChangeValueForKey(u"subtitlePath"_s);
+        settings.remove(u"LastSubtitle"_s);
+        didChangeValueForKey(u"subtitlePath"_s);
+    }
+}
+
+// --- state ---------------------------------------------------------------------------------
+
+void CTWindowController::setBasePath(const QString &basePath)
+{
+    willChangeValueForKey(u"basePath"_s);
+    m_basePath = basePath;
+    didChangeValueForKey(u"basePath"_s);
+    const QString app = QCoreApplication::applicationName().isEmpty() ? u"Captora"_s
+                                                                       : QCoreApplication::applicationName();
+    if (m_view)
+        m_view->setWindowTitle(basePath.isEmpty()
+                                   ? app
+                                   : u"%1 - %2"_s.arg(app, CTFileHelper::lastPathComponent(basePath)));
+}
+
+QString CTWindowController::subtitlePath() const
+{
+    return Settings::shared().stringValue(u"LastSubtitle"_s);
+}
+
+QString CTWindowController::visibleSubtitlePath() const
+{
+    const QString path = subtitlePath();
+    return path.isEmpty() ? u"/"_s : path;
+}
+
+void CTWindowController::storeSubtitlePath(const QString &path)
+{
+    willChangeValueForKey(u"subtitlePath"_s);
+    if (path.isEmpty())
+        Settings::shared().remove(u"LastSubtitle"_s);
+    else
+        Settings::shared().setValue(u"LastSubtitle"_s, path);
+    didChangeValueForKey(u"subtitlePath"_s);
+}
+
+void CTWindowController::setSubtitles(const SubtitleList &subtitles)
+{
+    willChangeValueForKey(u"subtitles"_s);
+    m_subtitles = subtitles;
+    invalidateArranged();
+    didChangeValueForKey(u"subtitles"_s);
+    if (m_player) {
+        m_player->setSubtitles(m_subtitles);
+        m_player->setShowSubtitle(true);
+    }
+}
+
+void CTWindowController::invalidateArranged()
+{
+    m_arrangedValid = false;
+}
+
+const SubtitleList &CTWindowController::arrangedSubtitles() const
+{
+    if (!m_arrangedValid) {
+        if (m_searchString.isEmpty()) {
+            m_arranged = m_subtitles;
+        } else {
+            m_arranged.clear();
+            for (const SubtitlePtr &cue : m_subtitles) {
+                if (searchPredicateAccepts(*cue))
+                    m_arranged.append(cue);
+            }
+        }
+        m_arrangedValid = true;
+    }
+    return m_arranged;
+}
+
+qsizetype CTWindowController::indexOfSubtitle(const VHSubtitle *cue) const
+{
+    if (!cue)
+        return -1;
+    for (qsizetype i = 0; i < m_subtitles.size(); ++i) {
+        if (m_subtitles[i].get() == cue)
+            return i;
+    }
+    return -1;
+}
+
+void CTWindowController::setSelectionIndices(QList<qsizetype> rows)
+{
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    const SubtitleList &arranged = arrangedSubtitles();
+    rows.removeIf([&](qsizetype row) { return row < 0 || row >= arranged.size(); });
+    willChangeValueForKey(u"selectionIndices"_s);
+    m_selection = rows;
+    didChangeValueForKey(u"selectionIndices"_s);
+    setCurrentSubtitle(m_selection.size() == 1 ? arranged[m_selection.first()] : SubtitlePtr());
+}
+
+void CTWindowController::setCurrentTime(double seconds)
+{
+    willChangeValueForKey(u"currentTime"_s);
+    m_currentTime = seconds;
+    didChangeValueForKey(u"currentTime"_s);
+}
+
+void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
+{
+    const bool oldNoAdjust = m_noAdjust;
+    m_noAdjust = true;
+    // Keep an edit that was typed into the text field but not committed yet.
+    if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText)
+        m_currentSubtitle->setString(m_subtitleText);
+    m_cueBinding.reset();
+
+    willChangeValueForKey(u"currentSubtitle"_s);
+    m_currentSubtitle = cue;
+    m_isFixed = false;
+    didChangeValueForKey(u"currentSubtitle"_s);
+
+    if (cue) {
+        bindEditorFields(cue);
+        if (m_fixMode != 4 && m_player) {
+            // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that. The
+            // headless project has no modifier keys, so a plain click is assumed.
+            const bool option = false;
+            if (option == Settings::shared().boolValue(u"SubtitleNoJump"_s))
+                m_player->setCurrentTime(cue->start() + 0.0001);
+        }
+    } else {
+        willChangeValueForKey(u"subtitleText"_s);
+        m_subtitleText = u""_s;
+        m_start = 0;
+        m_duration = 0;
+        didChangeValueForKey(u"subtitleText"_s);
+        announceEditorFields();
+    }
+    updateRangeNotification();
+    m_noAdjust = oldNoAdjust;
+}
+
+void CTWindowController::bindEditorFields(const SubtitlePtr &cue)
+{
+    refreshEditorFields();
+    announceEditorFields();
+    // Follow the cue: its changes show in the editor fields.
+    m_cueBinding = cue->observeKey(QString(), [this](Observable *, const QString &key, Change change) {
+        if (change != Change::Did)
+            return;
+        if (key == u"start"_s || key == u"end"_s || key == u"duration"_s || key == u"string"_s ||
+            key == u"forced"_s) {
+            refreshEditorFields();
+            announceEditorFields();
+        }
+    });
+}
+
+void CTWindowController::refreshEditorFields()
+{
+    if (!m_currentSubtitle)
+        return;
+    m_start = m_currentSubtitle->start();
+    m_duration = m_currentSubtitle->duration();
+    m_subtitleText = m_currentSubtitle->string();
+    m_forced = m_currentSubtitle->forced();
+}
+
+void CTWindowController::announceEditorFields()
+{
+    // Bound controls refresh these together.
+    for (const QString &key : {u"start"_s, u"duration"_s, u"subtitleText"_s, u"forced"_s, u"hasPrevious"_s,
+                               u"hasNext"_s}) {
+        willChangeValueForKey(key);
+        didChangeValueForKey(key);
+    }
+}
+
+void CTWindowController::setStart(double seconds)
+{
+    m_start = seconds;
+    if (m_noAdjust || !m_currentSubtitle)
+        return;
+    m_currentSubtitle->setStart(seconds);
+    markChanged();
+}
+
+void CTWindowController::setDuration(double seconds)
+{
+    m_duration = seconds;
+    if (m_noAdjust || !m_currentSubtitle)
+        return;
+    m_currentSubtitle->setDuration(seconds);
+    markChanged();
+}
+
+void CTWindowController::setSubtitleText(const QString &text)
+{
+    m_subtitleText = text;
+    if (m_noAdjust || !m_currentSubtitle || m_currentSubtitle->string() == text)
+        return;
+    m_currentSubtitle->setString(text);
+    markChanged();
+}
+
+void CTWindowController::setForced(bool forced)
+{
+    m_forced = forced;
+    if (m_noAdjust || !m_currentSubtitle || m_currentSubtitle->forced() == forced)
+        return;
+    m_currentSubtitle->setForced(forced);
+    markChanged();
+}
+
+void CTWindowController::setHasChanged(bool changed)
+{
+    willChangeValueForKey(u"hasChanged"_s);
+    m_hasChanged = changed;
+    didChangeValueForKey(u"hasChanged"_s);
+    if (m_view)
+        m_view->setDocumentEdited(changed);
+}
+
+void CTWindowController::setFixMode(int mode)
+{
+    willChangeValueForKey(u"fixMode"_s);
+    m_fixMode = mode;
+    didChangeValueForKey(u"fixMode"_s);
+    updateRangeNotification();
+    willChangeValueForKey(u"canFix"_s);
+    didChangeValueForKey(u"canFix"_s);
+}
+
+bool CTWindowController::hasMovie() const
+{
+    return m_player && m_player->hasMovie();
+}
+
+bool CTWindowController::hasPrevious() const
+{
+    if (m_subtitles.isEmpty() || !m_player)
+        return false;
+    const qsizetype index = m_player->currentSegmentIndex();
+    if (index > 0)
+        return true;
+    if (index < 0 || index >= m_subtitles.size())
+        return false;
+    return m_player->currentTime() > m_subtitles[index]->end();
+}
+
+bool CTWindowController::hasNext() const
+{
+    if (m_subtitles.isEmpty() || !m_player)
+        return false;
+    return m_player->currentSegmentIndex() < m_subtitles.size() - 1;
+}
+
+void CTWindowController::setMovieInfo(const QString &moviePath, int kind, double fps, double duration)
+{
+    m_moviePath = moviePath;
+    m_movieKind = kind;
+    m_fps = fps;
+    m_movieDuration = duration;
+}
+
+qsizetype CTWindowController::subtitleIndexAtTime(double seconds) const
+{
+    // Cues are kept in start order, so the first start at or after the time is a bound.
+    const auto it = std::lower_bound(m_subtitles.cbegin(), m_subtitles.cend(), seconds,
+                                     [](const SubtitlePtr &cue, double t) { return cue->start() < t; });
+    return it - m_subtitles.cbegin();
+}
+
+int CTWindowController::forcedState() const
+{
+    if (m_currentSubtitle)
+        return m_forced ? 1 : 0;
+    const SubtitleList &arranged = arrangedSubtitles();
+    qsizetype forcedCount = 0;
+    for (qsizetype row : m_selection)
+        forcedCount += arranged[row]->forced() ? 1 : 0;
+    if (forcedCount == 0)
+        return 0;
+    return forcedCount == m_selection.size() ? 1 : -1;
+}
+
+void CTWindowController::setForcedState(int state)
+{
+    const bool on = state != 0; // mixed counts as on
+    willChangeValueForKey(u"forcedState"_s);
+    if (m_currentSubtitle) {
+        setForced(on);
+    } else {
+        const SubtitleList &arranged = arrangedSubtitles();
+        bool changed = false;
+        for (qsizetype row : std::as_const(m_selection)) {
+            if (arranged[row]->forced() != on) {
+                arranged[row]->setForced(on);
+                changed = true;
+            }
+        }
+        if (changed)
+            markChanged();
+    }
+    didChangeValueForKey(u"forcedState"_s);
+}
+
+// --- sheets ----------------------------------------------------------------------------------
+
+void CTWindowController::addSheet(const Sheet &sheet)
+{
+    if (m_view && !m_view->hasAttachedSheet() && m_view->isWindowVisible()) {
+        m_view->beginSheet(sheet);
+        return;
+    }
+    m_waitingSheets.append(sheet);
+    if (m_view && !m_view->isWindowVisible()) {
+        m_view->makeKeyAndOrderFront();
+        MainQueue::main().post([this] { showNextSheet(); });
+    }
+}
+
+void CTWindowController::showNextSheet()
+{
+    // Served last in, first out, on purpose: the newest question is the one the user just
+    // caused.
+    if (m_waitingSheets.isEmpty() || !m_view)
+        return;
+    const Sheet sheet = m_waitingSheets.takeLast();
+    m_view->beginSheet(sheet);
+}
+
+void CTWindowController::didEndSheet(const Sheet &, int)
+{
+    showNextSheet();
+}
+
+// --- leaving and closing -----------------------------------------------------------------------
+
+bool CTWindowController::canDropSubtitleTryEmbed(bool tryEmbed)
+{
+    if (m_hasChanged) {
+        Prompt prompt;
+        prompt.message = u"You have unsaved changes. Do you want to save them?"_s;
+        prompt.buttons = {m_isChaptermark ? u"Save Chapter Marks"_s : u"Save Subtitle"_s,
+                          u"Discard Changes"_s, u"Cancel"_s};
+        const PromptAnswer answer = Prompter::shared().ask(prompt);
+        if (answer.button == 0) {
+            saveSubtitle();
+            if (m_hasChanged)
+                return false;
+        } else if (answer.button == 1) {
+            return true;
+        } else {
+            return false;
+        }
+    }
+    if (tryEmbed && m_willAutoEmbed && m_willAutoEmbed())
+        return false;
+    return true;
+}
+
+bool CTWindowController::closeProject()
+{
+    if (!canDropSubtitleTryEmbed(true))
+        return false;
+    if (m_moviePath.isEmpty()) {
+        storeSubtitlePath(QString());
+        setBasePath(QString());
+    } else {
+        setMoviePath(QString());
+    }
+    return true;
+}
+
+bool CTWindowController::windowShouldClose()
+{
+    if (m_view) {
+        const QList<Sheet> sheets = m_view->attachedSheets();
+        for (const Sheet &sheet : sheets)
+            m_view->endSheet(sheet, 0);
+    }
+    if (m_willTerminate)
+        return canDropSubtitleTryEmbed(true);
+    if (!closeProject())
+        return false;
+    return !(m_view && m_view->hasAttachedSheet());
+}
+
+bool CTWindowController::applicationShouldTerminate()
+{
+    return canDropSubtitleTryEmbed(true);
+}
+
+void CTWindowController::setMoviePath(const QString &path)
+{
+    // The movie side (players, embedding) arrives later; until then a movie path only
+    // names the project's base and its files.
+    willChangeValueForKey(u"hasMovie"_s);
+    const bool hadMovie = !m_moviePath.isEmpty();
+    m_moviePath = path;
+    m_movieDuration = 0;
+    m_fps = 0;
+    if (hadMovie) {
+        setCurrentSubtitle(SubtitlePtr());
+        setSubtitles({});
+    }
+    didChangeValueForKey(u"hasMovie"_s);
+    if (path.isEmpty()) {
+        Settings::shared().remove(u"LastVideo"_s);
+        setBasePath(QString());
+        storeSubtitlePath(QString());
+        updateLanguages();
+        return;
+    }
+    setBasePath(CTFileHelper::stringByDeletingPathExtension(path));
+    Settings::shared().setValue(u"LastVideo"_s, path);
+    storeSubtitlePath(QString());
+    autoSelectSubtitle();
+    setEmbeddingState(0);
+    setFixMode(1);
+}

@@ -1,0 +1,282 @@
+#pragma once
+
+#include "CTLanguage.h"
+#include "NotificationCenter.h"
+#include "Observable.h"
+#include "VHSubtitle.h"
+
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "ProjectView.h"
+
+class PlaybackControl;
+
+// The project: one movie, the subtitle file being edited for it (one language at a time,
+// or the chapter marks), its cues, the selection, the current cue and the playback time.
+// Every editing command is an operation of this object. It runs without a display: the
+// window implements ProjectView and forwards the user's actions here, questions go through
+// the shared Prompter, and the playback controller is reached through PlaybackControl.
+//
+// Observable keys: subtitlePath, subtitles, currentSubtitle, selectionIndices, start,
+// duration, subtitleText, forced, hasChanged, hasSubtitleFile, hasMovie, hasPrevious,
+// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath.
+//
+// Threading: main thread only.
+class CTWindowController : public Observable
+{
+public:
+    static const QString SubLoadedNotification; // "SubLoaded"
+
+    // Registers the project's user defaults (both registrations). Safe to call repeatedly.
+    static void registerDefaults();
+
+    CTWindowController(ProjectView *view, PlaybackControl *player);
+    ~CTWindowController() override;
+
+    // Window set-up: remembered folders, search option, empty lists, the last movie and
+    // subtitle when "AutoLoadLast" is set, the cue notifications.
+    void windowDidLoad();
+
+    // --- state ---------------------------------------------------------------------
+    const QString &moviePath() const { return m_moviePath; }
+    const QString &basePath() const { return m_basePath; }
+    void setBasePath(const QString &basePath);
+    QString subtitlePath() const;           // stored as "LastSubtitle"
+    QString visibleSubtitlePath() const;    // the path, or "/" when empty
+    bool isChaptermark() const { return m_isChaptermark; }
+
+    const SubtitleList &subtitles() const { return m_subtitles; }
+    void setSubtitles(const SubtitleList &subtitles);
+    // The cues the table lists: those the search predicate accepts, in list order.
+    const SubtitleList &arrangedSubtitles() const;
+
+    const SubtitlePtr &currentSubtitle() const { return m_currentSubtitle; }
+    void setCurrentSubtitle(const SubtitlePtr &cue);
+    // Rows of the arranged list. Exactly one selected row makes its cue current.
+    const QList<qsizetype> &selectionIndices() const { return m_selection; }
+    void setSelectionIndices(QList<qsizetype> rows);
+
+    double currentTime() const { return m_currentTime; }
+    void setCurrentTime(double seconds);
+
+    // Editor fields, bound to the current cue.
+    double start() const { return m_start; }
+    virtual void setStart(double seconds);
+    double duration() const { return m_duration; }
+    void setDuration(double seconds);
+    const QString &subtitleText() const { return m_subtitleText; }
+    void setSubtitleText(const QString &text);
+    bool forced() const { return m_forced; }
+    void setForced(bool forced);
+
+    bool hasChanged() const { return m_hasChanged; }
+    void setHasChanged(bool changed);
+    bool isFixed() const { return m_isFixed; }
+
+    int fixMode() const { return m_fixMode; }
+    void setFixMode(int mode);
+    int defaultFixMode() const { return m_isChaptermark ? 3 : 1; }
+    double timeShift() const;
+
+    // The run of cues that moves with the current cue (first..last) and the earliest and
+    // latest start the current cue may take.
+    struct FixRange
+    {
+        qsizetype first = 0;
+        qsizetype last = -1;
+        double startChange = 0;
+        double endChange = 0;
+    };
+    const FixRange &fixRange() const { return m_range; }
+    // What the time view and the scrubber show of the range.
+    struct RangeDisplay
+    {
+        double startFraction = 0, endFraction = 0;
+        QString startText, endText;
+        std::optional<double> scrubberMinimum, scrubberMaximum;
+    };
+    const RangeDisplay &rangeDisplay() const { return m_rangeDisplay; }
+
+    bool hasMovie() const;
+    bool canFix() const;
+    bool hasSubtitleFile() const { return !m_subtitles.isEmpty(); }
+    bool canChangeForced() const { return !m_selection.isEmpty(); }
+    bool hasPrevious() const;
+    bool hasNext() const;
+    double fps() const { return m_fps; }
+    double movieDuration() const { return m_movieDuration; }
+    int movieKind() const { return m_movieKind; }
+    // For the movie side of the project (opened movies, player kind).
+    void setMovieInfo(const QString &moviePath, int kind, double fps, double duration);
+
+    // First cue starting at or after the time; the count when none; 0 for no cues.
+    qsizetype subtitleIndexAtTime(double seconds) const;
+
+    // 0 off, 1 on, -1 mixed.
+    int forcedState() const;
+    void setForcedState(int state);
+
+    // --- languages -------------------------------------------------------------------
+    const LanguageList &languages() const { return m_languages; }
+    qsizetype selectedLanguageIndex() const { return m_selectedLanguageIndex; }
+    void updateLanguages();
+    void selectSubtitleLanguage(qsizetype index);
+    // Renames the current file to the locale (empty: no language).
+    void switchLanguage(const QString &localeIdentifier);
+    void autoSelectSubtitle();
+    // The identifier for the next file loaded as a new language.
+    void setNewLocale(const QString &identifier) { m_newLocale = identifier; }
+    // The locales the "Set Subtitle Language" submenu offers.
+    static std::shared_ptr<LanguageMenu> sharedLanguageMenu();
+    // The pop-up's items for a language list: separators, and titles made unique with "~".
+    static QList<LanguageButtonItem> languageButtonItems(const LanguageList &languages);
+    // Asks for a language and starts an empty subtitle file for it.
+    void addSubtitleLanguage();
+    // Runs a command of the language menu ("loadSubtitle:", "deleteSubtitleFile:", ...).
+    // Commands the project cannot run itself (web search, embedding) go to the handler.
+    void runLanguageCommand(const QString &command);
+    void setCommandHandler(std::function<void(const QString &)> handler) { m_commandHandler = std::move(handler); }
+
+    // --- files ---------------------------------------------------------------------------
+    void setSubtitlePath(const QString &path);
+    void setSubtitlePath(const QString &path, bool chapterMark);
+    void loadSubtitle();
+    void reloadSubtitle();
+    void saveSubtitle();
+    bool saveSubtitleAt(const QString &path);
+    bool saveChapterMarkAt(const QString &path);
+    void exportSubtitle();
+    void newSubtitle();
+    void convertChapterMarkToSubtitle();
+    void deleteSubtitleFile();
+    void droppedFiles(const QStringList &paths);
+    void finishedDownloading(const QString &path);
+    int embeddingState() const { return m_embeddingState; }
+    void setEmbeddingState(int state) { m_embeddingState = state; }
+
+    // --- leaving and closing ---------------------------------------------------------
+    bool canDropSubtitle() { return canDropSubtitleTryEmbed(false); }
+    bool canDropSubtitleTryEmbed(bool tryEmbed);
+    bool closeProject();
+    bool windowShouldClose();
+    bool applicationShouldTerminate();
+    void applicationWillTerminate() { m_willTerminate = true; }
+    // Set by the movie side: asks whether an automatic embedding starts (and starts it).
+    void setWillAutoEmbed(std::function<bool()> willAutoEmbed) { m_willAutoEmbed = std::move(willAutoEmbed); }
+    void setMoviePath(const QString &path);
+
+    // --- sheets ----------------------------------------------------------------------------
+    void addSheet(const Sheet &sheet);
+    void showNextSheet();
+    void didEndSheet(const Sheet &sheet, int returnCode);
+    qsizetype waitingSheetCount() const { return m_waitingSheets.size(); }
+
+    // --- editing commands ----------------------------------------------------------------
+    void addSubtitle();
+    void deleteSubtitle();
+    const QString &searchString() const { return m_searchString; }
+    void setSearchString(const QString &text);
+    bool searchCaseSensitive() const { return m_searchCaseSensitive; }
+    void setSearchCaseSensitive(bool caseSensitive);
+    // Whether the table's filter accepts the cue.
+    bool searchPredicateAccepts(const VHSubtitle &cue) const;
+    void replaceAll(const QString &search, const QString &replacement);
+    void silentGotoNextSubtitle();
+    void silentGotoPreviousSubtitle();
+
+    struct MenuState
+    {
+        bool enabled = true;
+        std::optional<QString> title; // none: the item keeps its own title
+        bool checked = false;
+    };
+    // Title and enabled state of a command, as the menus and the CLI show them. `inChapterMenu`
+    // says whether the item belongs to the chapter-mark menu rather than the subtitle menu
+    // (none: to neither).
+    MenuState validateMenuItem(const QString &command, std::optional<bool> inChapterMenu = std::nullopt) const;
+    // Counts the movie side reports for the extract command.
+    void setExtractableCounts(int subtitleTracks, bool chapterTrack)
+    {
+        m_extractableSubtitles = subtitleTracks;
+        m_extractableChapters = chapterTrack;
+    }
+
+    // --- durations ------------------------------------------------------------------
+    // The duration sheet's start button: the validation message, or empty after running.
+    QString startFixDuration(double perCharacter, double minimum, double maximum, double gap,
+                             bool onlySelected);
+    void adjustDurationPerCharacter(double perCharacter, double minimum, double maximum, double gap,
+                                    bool onlySelected);
+
+    bool noVerifying() const { return m_noVerifying; }
+
+protected:
+    QStringList dependentKeys(const QString &key) const override;
+
+private:
+    friend class NoVerifyingScope;
+    void storeSubtitlePath(const QString &path);
+    void bindEditorFields(const SubtitlePtr &cue);
+    void refreshEditorFields();
+    void announceEditorFields();
+    void invalidateArranged();
+    void updateSearchPredicate();
+    void observeCueNotifications();
+    void subtitleEndGrew(const SubtitlePtr &cue);
+    void subtitleStartReduced(const SubtitlePtr &cue);
+    void videoTextTimeChanged(VHSubtitle *mark);
+    bool canShift() const;
+    void rebuildLanguageButton();
+    void updateRangeNotification();
+    void markChanged() { setHasChanged(true); }
+    qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
+    QString fileNoun() const;
+    QString itemNoun() const;
+
+    ProjectView *m_view;
+    PlaybackControl *m_player;
+
+    QString m_moviePath;
+    QString m_basePath;
+    bool m_isChaptermark = false;
+    SubtitleList m_subtitles;
+    mutable SubtitleList m_arranged;
+    mutable bool m_arrangedValid = false;
+    SubtitlePtr m_currentSubtitle;
+    QList<qsizetype> m_selection;
+    double m_currentTime = 0;
+    double m_start = 0;
+    double m_duration = 0;
+    QString m_subtitleText;
+    bool m_forced = false;
+    bool m_isFixed = false;
+    bool m_hasChanged = false;
+    int m_fixMode = 0;
+    QString m_searchString;
+    QString m_foldedSearch;
+    bool m_searchCaseSensitive = false;
+    LanguageList m_languages;
+    qsizetype m_selectedLanguageIndex = -1;
+    QList<Sheet> m_waitingSheets;
+    QString m_newLocale;
+    double m_fps = 0;
+    double m_movieDuration = 0;
+    int m_movieKind = 0;
+    int m_embeddingState = 0;
+    int m_extractableSubtitles = 0;
+    bool m_extractableChapters = false;
+    bool m_noVerifying = false;
+    bool m_noAdjust = false;
+    bool m_willTerminate = false;
+    std::function<bool()> m_willAutoEmbed;
+    std::function<void(const QString &)> m_commandHandler;
+    Observable::KeyToken m_cueBinding;
+    std::vector<ScopedObserver> m_cueObservers;
+    FixRange m_range;
+    RangeDisplay m_rangeDisplay;
+};

@@ -1,0 +1,337 @@
+// Commands that change the cue list or move through it, the table's search filter, and
+// the titles and enabled states of the menu items.
+#include "CTWindowController.h"
+#include "NotificationCenter.h"
+#include "PlaybackControl.h"
+#include "ProjectView.h"
+#include "Settings.h"
+#include "VHVideoText.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// Folds a text for the case- and diacritic-insensitive filter: base letters only, case
+// folded. ASCII, by far the most common, takes a fast path.
+QString foldForSearch(QStringView text)
+{
+    QString out;
+    out.reserve(text.size());
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        if (u < 0x80) {
+            out.append(QChar(u >= u'A' && u <= u'Z' ? char16_t(u + 32) : u));
+            continue;
+        }
+        if (c.category() == QChar::Mark_NonSpacing)
+            continue; // a combining accent of a decomposed letter
+        const QString decomposed = c.decomposition();
+        QChar base = c;
+        if (!decomposed.isEmpty() && c.decompositionTag() == QChar::Canonical)
+            base = decomposed.front();
+        out.append(QString(base).toCaseFolded());
+    }
+    return out;
+}
+} // namespace
+
+// --- search ----------------------------------------------------------------------------------
+
+void CTWindowController::setSearchString(const QString &text)
+{
+    m_searchString = text;
+    updateSearchPredicate();
+}
+
+void CTWindowController::setSearchCaseSensitive(bool caseSensitive)
+{
+    m_searchCaseSensitive = caseSensitive;
+    Settings::shared().setValue(u"searchCaseSensitive"_s, caseSensitive);
+    updateSearchPredicate();
+}
+
+void CTWindowController::updateSearchPredicate()
+{
+    willChangeValueForKey(u"searchPredicate"_s);
+    m_foldedSearch = m_searchCaseSensitive ? m_searchString : foldForSearch(m_searchString);
+    invalidateArranged();
+    didChangeValueForKey(u"searchPredicate"_s);
+}
+
+bool CTWindowController::searchPredicateAccepts(const VHSubtitle &cue) const
+{
+    if (m_searchString.isEmpty())
+        return true;
+    if (m_searchCaseSensitive)
+        return cue.string().contains(m_searchString);
+    return foldForSearch(cue.string()).contains(m_foldedSearch);
+}
+
+void CTWindowController::replaceAll(const QString &search, const QString &replacement)
+{
+    if (search.isEmpty())
+        return;
+    const Qt::CaseSensitivity cs = m_searchCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    bool anyChanged = false;
+    const SubtitleList listed = arrangedSubtitles();
+    for (const SubtitlePtr &cue : listed) {
+        const QString &text = cue->string();
+        qsizetype found = text.indexOf(search, 0, cs);
+        if (found < 0)
+            continue;
+        QString result;
+        qsizetype from = 0;
+        // Searching resumes after each inserted replacement, so a replacement that
+        // contains the search text cannot loop.
+        while (found >= 0) {
+            result.append(QStringView(text).sliced(from, found - from));
+            result.append(replacement);
+            from = found + search.size();
+            found = text.indexOf(search, from, cs);
+        }
+        result.append(QStringView(text).sliced(from));
+        cue->setString(result);
+        anyChanged = true;
+    }
+    if (anyChanged) {
+        invalidateArranged();
+        markChanged();
+    }
+}
+
+// --- adding and deleting -----------------------------------------------------------------
+
+void CTWindowController::addSubtitle()
+{
+    double start = 0;
+    qsizetype index = 0;
+    if (hasMovie()) {
+        start = m_player->currentTime();
+        index = subtitleIndexAtTime(start);
+    } else if (!m_subtitles.isEmpty()) {
+        const SubtitleList &arranged = arrangedSubtitles();
+        const SubtitlePtr after = m_selection.isEmpty() ? m_subtitles.last() : arranged[m_selection.last()];
+        start = after->end();
+        index = indexOfSubtitle(after.get()) + 1;
+    }
+
+    SubtitlePtr cue;
+    if (m_isChaptermark) {
+        cue = VHVideoText::create(u"Chapter %1"_s.arg(index + 1), start, start + 60);
+        for (qsizetype i = index; i < m_subtitles.size(); ++i) {
+            if (m_subtitles[i]->string() == u"Chapter %1"_s.arg(i + 1))
+                m_subtitles[i]->setString(u"Chapter %1"_s.arg(i + 2));
+        }
+    } else {
+        const float length = float(Settings::shared().doubleValue(u"SubtitleLength"_s));
+        cue = VHSubtitle::create(u"Subtitle"_s, start, start + double(length));
+    }
+    cue->setFixed(true);
+
+    willChangeValueForKey(u"subtitles"_s);
+    m_subtitles.insert(index, cue);
+    invalidateArranged();
+    didChangeValueForKey(u"subtitles"_s);
+    if (m_player)
+        m_player->setSubtitles(m_subtitles);
+
+    const qsizetype row = arrangedSubtitles().indexOf(cue);
+    setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
+    if (row < 0)
+        setCurrentSubtitle(cue);
+    markChanged();
+
+    if (m_isChaptermark) {
+        videoTextTimeChanged(cue.get());
+    } else {
+        NotificationCenter::defaultCenter().post(VHSubtitle::EndGrewNotification, cue.get());
+        NotificationCenter::defaultCenter().post(VHSubtitle::StartReducedNotification, cue.get());
+    }
+    if (m_view && row >= 0)
+        m_view->beginEditingText(row);
+}
+
+void CTWindowController::deleteSubtitle()
+{
+    if (m_selection.isEmpty())
+        return;
+    const qsizetype first = m_selection.last() - m_selection.size() + 1;
+    const SubtitleList &arranged = arrangedSubtitles();
+    QList<const VHSubtitle *> doomed;
+    for (qsizetype row : std::as_const(m_selection))
+        doomed.append(arranged[row].get());
+
+    setSelectionIndices({});
+    willChangeValueForKey(u"subtitles"_s);
+    m_subtitles.removeIf([&](const SubtitlePtr &cue) { return doomed.contains(cue.get()); });
+    invalidateArranged();
+    didChangeValueForKey(u"subtitles"_s);
+    if (m_player)
+        m_player->setSubtitles(m_subtitles);
+
+    if (m_isChaptermark) {
+        if (!m_subtitles.isEmpty()) {
+            const bool old = m_noVerifying;
+            m_noVerifying = true;
+            VHVideoText::correctChapterMarks(m_subtitles, hasMovie() ? m_movieDuration : m_subtitles.last()->end());
+            m_noVerifying = old;
+        } else {
+            addSubtitle();
+        }
+    } else {
+        updateRangeNotification();
+    }
+    if (m_player)
+        m_player->redrawCurrentSubtitle();
+    markChanged();
+    const qsizetype row = std::min(first, arrangedSubtitles().size() - 1);
+    if (row >= 0)
+        setSelectionIndices({row});
+}
+
+// --- stepping ------------------------------------------------------------------------------
+
+void CTWindowController::silentGotoNextSubtitle()
+{
+    const qsizetype count = arrangedSubtitles().size();
+    const qsizetype next = m_selection.isEmpty() ? 0 : m_selection.first() + 1;
+    setSelectionIndices(next < count ? QList<qsizetype>{next} : QList<qsizetype>{});
+}
+
+void CTWindowController::silentGotoPreviousSubtitle()
+{
+    if (m_selection.isEmpty() || m_selection.first() == 0) {
+        setSelectionIndices({});
+        return;
+    }
+    setSelectionIndices({m_selection.first() - 1});
+}
+
+// --- menus ---------------------------------------------------------------------------------
+
+QString CTWindowController::fileNoun() const
+{
+    return m_isChaptermark ? u"Chapter Marks"_s : u"Subtitle"_s;
+}
+
+QString CTWindowController::itemNoun() const
+{
+    return m_isChaptermark ? u"Chapter Mark"_s : u"Subtitle Line"_s;
+}
+
+CTWindowController::MenuState CTWindowController::validateMenuItem(const QString &command,
+                                                                   std::optional<bool> inChapterMenu) const
+{
+    MenuState state;
+    if (m_view && m_view->hasAttachedSheet()) {
+        state.enabled = false;
+        return state;
+    }
+    if (inChapterMenu && *inChapterMenu != m_isChaptermark) {
+        state.enabled = false;
+        return state;
+    }
+    const bool hasBase = !m_basePath.isEmpty();
+    if (command == u"extractAllSubtitles:"_s) {
+        if (m_extractableSubtitles > 0) {
+            state.title = m_extractableSubtitles == 1 ? u"Extract 1 Subtitle"_s
+                                                      : u"Extract %1 Subtitles"_s.arg(m_extractableSubtitles);
+            if (m_extractableChapters)
+                *state.title += u" and Chapter Marks"_s;
+        } else {
+            state.title = m_extractableChapters ? u"Extract Chapter Marks"_s
+                                                : u"No Extractable Subtitle or Chapter Marks"_s;
+        }
+        state.enabled = m_extractableSubtitles > 0 || m_extractableChapters;
+    } else if (command == u"reloadSubtitle:"_s) {
+        state.title = u"Reload %1"_s.arg(fileNoun());
+        state.enabled = hasBase;
+    } else if (command == u"saveSubtitle:"_s) {
+        state.title = u"Save %1"_s.arg(fileNoun());
+        state.enabled = hasBase;
+    } else if (command == u"exportSubtitle:"_s) {
+        state.enabled = hasBase && !m_subtitles.isEmpty();
+    } else if (command == u"embedSubtitle:"_s) {
+        state.enabled = hasMovie();
+    } else if (command == u"shouldCloseProject:"_s) {
+        state.enabled = hasBase;
+    } else if (command == u"fixSubtitleStart:"_s) {
+        state.enabled = canFix();
+    } else if (command == u"fixSingleSubtitleStart:"_s) {
+        state.title = u"Fix Single %1 Time"_s.arg(itemNoun());
+        state.enabled = canFix();
+    } else if (command == u"shiftSubtitles:"_s) {
+        state.enabled = hasMovie() && m_currentSubtitle && canShift();
+    } else if (command == u"deleteSubtitle:"_s) {
+        state.title = m_selection.size() == 1 ? u"Delete %1"_s.arg(itemNoun())
+                                              : u"Delete %1 %2s"_s.arg(m_selection.size()).arg(itemNoun());
+        state.enabled = !m_selection.isEmpty();
+    } else if (command == u"addSubtitle:"_s) {
+        state.title = u"Add %1"_s.arg(itemNoun());
+        state.enabled = hasBase;
+    } else if (command == u"toggleTap2Sync:"_s) {
+        state.title = m_fixMode == 4 ? u"Exit \"Tap2Sync\" Mode"_s : u"Enter \"Tap2Sync\" Mode"_s;
+        state.checked = m_fixMode == 4;
+        state.enabled = hasMovie();
+    } else if (command == u"convertChapterMarkToSubtitle:"_s) {
+        state.enabled = m_isChaptermark;
+    } else if (command == u"scrub:"_s || command == u"playPause:"_s || command == u"stepForward:"_s ||
+               command == u"stepBackward:"_s || command == u"rewind:"_s || command == u"fastForward:"_s) {
+        state.enabled = hasMovie();
+    }
+    return state;
+}
+
+// --- durations ------------------------------------------------------------------------------
+
+QString CTWindowController::startFixDuration(double perCharacter, double minimum, double maximum, double gap,
+                                             bool onlySelected)
+{
+    if (minimum > maximum)
+        return u"Minimum is bigger than Maximum"_s;
+    adjustDurationPerCharacter(perCharacter, minimum, maximum, gap, onlySelected);
+    return {};
+}
+
+void CTWindowController::adjustDurationPerCharacter(double perCharacter, double minimum, double maximum,
+                                                    double gap, bool onlySelected)
+{
+    const bool old = m_noVerifying;
+    m_noVerifying = true;
+    // Selected rows name cues of the table's list; the walk goes over the whole list.
+    QList<qsizetype> selected;
+    if (onlySelected) {
+        const SubtitleList &arranged = arrangedSubtitles();
+        for (qsizetype row : std::as_const(m_selection)) {
+            const qsizetype index = indexOfSubtitle(arranged[row].get());
+            if (index >= 0)
+                selected.append(index);
+        }
+        std::sort(selected.begin(), selected.end());
+    }
+    auto firstFrom = [&](qsizetype from) -> qsizetype {
+        if (!onlySelected)
+            return from;
+        const auto it = std::lower_bound(selected.cbegin(), selected.cend(), from);
+        return it == selected.cend() ? m_subtitles.size() : *it;
+    };
+    qsizetype i = firstFrom(0);
+    while (i >= 0 && i < m_subtitles.size()) {
+        const SubtitlePtr cue = m_subtitles[i];
+        const qsizetype next = firstFrom(i + 1);
+        const bool last = next >= m_subtitles.size();
+        const double limit = last ? m_movieDuration : m_subtitles[next]->start();
+        const double available = limit - cue->start();
+        const double wanted = double(cue->string().size()) * perCharacter;
+        double d = std::min(wanted, available - gap);
+        d = std::max(d, minimum);
+        d = std::min(d, maximum);
+        d = std::min(d, available);
+        cue->setDuration(d);
+        if (last)
+            break;
+        i = next;
+    }
+    m_noVerifying = old;
+}

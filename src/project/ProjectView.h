@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+// A sheet waiting for, or shown on, the project window. `kind` names what the window shows
+// ("FixDuration", "EmbedOptions", "WebSearch", ...); `context` travels with it and comes back
+// when the sheet ends.
+struct Sheet
+{
+    QString kind;
+    QVariant context;
+    bool operator==(const Sheet &other) const { return kind == other.kind && context == other.context; }
+};
+
+// One item of the language pop-up as the window shows it.
+struct LanguageButtonItem
+{
+    QString title;      // unique within the button ("~" appended where needed)
+    bool separator = false;
+    bool submenu = false;
+};
+
+struct SavePanelOptions
+{
+    QStringList allowedTypes;   // extensions without the dot
+    QString directory;          // where the panel opens
+    QString nameFieldValue;     // the name it proposes
+    // Export: the panel carries the format, encoding and line-break choices; the window
+    // writes the user's choices back here before answering.
+    bool exportAccessory = false;
+    int exportType = 0;         // 1 = WebVTT, otherwise SubRip
+    quint32 exportEncoding = 0;
+    bool windowsLineBreaks = false;
+};
+
+// What the project does to its window. The project holds the rules; the window only shows
+// state and forwards actions. The desktop window implements this with Qt widgets; tests with
+// a recording fake that answers panels from a script.
+class ProjectView
+{
+public:
+    virtual ~ProjectView();
+
+    virtual void setWindowTitle(const QString &title) = 0;
+    virtual void setDocumentEdited(bool edited) = 0;
+    virtual bool isWindowVisible() const = 0;
+    virtual void makeKeyAndOrderFront() = 0;
+
+    // One sheet at a time. When a sheet ends (by the user or by endSheet()), the window
+    // calls CTWindowController::didEndSheet() with it.
+    virtual bool hasAttachedSheet() const = 0;
+    virtual void beginSheet(const Sheet &sheet) = 0;
+    virtual void endSheet(const Sheet &sheet, int returnCode) = 0;
+    virtual QList<Sheet> attachedSheets() const = 0;
+
+    // Panels, modal for the window. A null string means the user cancelled.
+    virtual QString runOpenPanel(const QStringList &allowedTypes, bool chooseFolders,
+                                 const QString &directory) = 0;
+    virtual QString runSavePanel(SavePanelOptions &options) = 0;
+
+    virtual void setLanguageButton(const QList<LanguageButtonItem> &items, qsizetype selectedIndex) = 0;
+
+    // Starts editing the text column of a table row, with its text selected.
+    virtual void beginEditingText(qsizetype row) = 0;
+};
