@@ -1,6 +1,7 @@
 #include "CliSupport.h"
 
 #include "Log.h"
+#include "VHVideoText.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -51,11 +52,32 @@ std::optional<double> doubleOption(const QCommandLineParser &parser, const QStri
     return value;
 }
 
+int parseArguments(QCommandLineParser &parser, const QStringList &args, const QString &description,
+                   const QString &positionals)
+{
+    parser.setApplicationDescription(description);
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s}, u"Show this help."_s);
+    parser.addOption(help);
+    if (!positionals.isEmpty())
+        parser.addPositionalArgument(positionals, QString());
+    if (!parser.parse(args))
+        return usageError(parser, parser.errorText());
+    if (parser.isSet(help)) {
+        std::fputs(qPrintable(helpText(parser, QCoreApplication::arguments().value(1))), stdout);
+        return ExitOk;
+    }
+    return -1;
+}
+
 void addReadOptions(QCommandLineParser &parser)
 {
     parser.addOption({u"fps"_s, u"Frame rate for frame-based formats (default 25)."_s, u"F"_s});
     parser.addOption({u"length"_s, u"Movie length in seconds."_s, u"S"_s});
-    parser.addOption({u"encoding"_s, u"Text encoding number to try first."_s, u"N"_s});
+    parser.addOption({u"encoding"_s, u"Text encoding number to read with (see 'captora-cli encodings')."_s,
+                      u"N"_s});
+    parser.addOption({u"strict-encoding"_s, u"Read in --encoding only; no detection."_s});
+    parser.addOption({u"chapters"_s, u"Read the file as chapter marks."_s});
 }
 
 QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
@@ -79,6 +101,10 @@ QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
             return u"--encoding takes an encoding number."_s;
         options->encoding = EncodingId(number);
     }
+    options->strictEncoding = parser.isSet(u"strict-encoding"_s);
+    if (options->strictEncoding && !parser.isSet(u"encoding"_s))
+        return u"--strict-encoding needs --encoding."_s;
+    options->chapters = parser.isSet(u"chapters"_s);
     return {};
 }
 
@@ -105,8 +131,11 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
 {
     if (!checkReadableFile(path))
         return std::nullopt;
+    const bool optional = !options.strictEncoding;
     std::optional<SubtitleList> cues =
-        VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding, true);
+        options.chapters
+            ? VHVideoText::videoTextsFromFileAtURL(path, options.length, options.encoding, optional)
+            : VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding, optional);
     if (!cues) {
         if (QFileInfo(path).size() == 0)
             printError(u"'%1' is empty"_s.arg(path));
@@ -114,6 +143,20 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
             printError(u"No subtitles could be read from '%1'"_s.arg(path));
     }
     return cues;
+}
+
+bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVTT, EncodingId encoding,
+                       bool windowsLineBreaks)
+{
+    if (QFileInfo(path).isDir()) {
+        printError(u"'%1' is a folder; give the path of the file to write"_s.arg(path));
+        return false;
+    }
+    const bool written = webVTT ? VHVideoText::writeVideoText(cues, path, encoding, windowsLineBreaks)
+                                : VHSubtitle::writeSubtitles(cues, path, encoding, windowsLineBreaks);
+    if (!written)
+        printError(u"Could not write '%1'"_s.arg(path));
+    return written;
 }
 
 void appendJsonNumber(QByteArray &out, double value)

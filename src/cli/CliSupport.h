@@ -25,12 +25,19 @@ int usageError(const QCommandLineParser &parser, const QString &message);
 // Parses a number option; reports a usage error through `ok` when it is not one.
 std::optional<double> doubleOption(const QCommandLineParser &parser, const QString &name, bool *ok);
 
-// Options every reading subcommand shares: --fps, --length, --encoding.
+// Parses `args`, answering --help itself. Returns -1 to go on, else the exit status.
+int parseArguments(QCommandLineParser &parser, const QStringList &args, const QString &description,
+                   const QString &positionals);
+
+// Options every reading subcommand shares: --fps, --length, --encoding, --strict-encoding,
+// --chapters.
 struct ReadOptions
 {
     double fps = 0;
     double length = 0;
     EncodingId encoding = Encodings::None;
+    bool strictEncoding = false; // read in --encoding only, no detection
+    bool chapters = false;       // the file holds chapter marks
 };
 void addReadOptions(QCommandLineParser &parser);
 // Fills `options`; returns an empty string or the usage problem.
@@ -40,8 +47,13 @@ QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options);
 // otherwise.
 bool checkReadableFile(const QString &path);
 
-// Reads the cues of a subtitle file as the program loads them; prints why when it cannot.
+// Reads the cues (or chapter marks) of a file as the program loads them; prints why when it
+// cannot.
 std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOptions &options);
+
+// Writes SubRip, or WebVTT chapter marks when `webVTT`; prints why when it cannot.
+bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVTT, EncodingId encoding,
+                       bool windowsLineBreaks);
 
 // Appends `value` as the shortest JSON number that reads back to the same double.
 void appendJsonNumber(QByteArray &out, double value);

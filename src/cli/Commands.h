@@ -6,3 +6,6 @@
 // status.
 int runDump(const QStringList &args);
 int runConvert(const QStringList &args);
+int runLanguages(const QStringList &args);
+int runAdjustDurations(const QStringList &args);
+int runReplace(const QStringList &args);

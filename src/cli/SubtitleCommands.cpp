@@ -6,25 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-// Parses `args`, answering --help itself. Returns -1 to go on, else the exit status.
-int parseArguments(QCommandLineParser &parser, const QStringList &args, const QString &description,
-                   const QString &positionals)
-{
-    parser.setApplicationDescription(description);
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s}, u"Show this help."_s);
-    parser.addOption(help);
-    parser.addPositionalArgument(positionals, QString());
-    if (!parser.parse(args))
-        return usageError(parser, parser.errorText());
-    if (parser.isSet(help)) {
-        std::fputs(qPrintable(helpText(parser, QCoreApplication::arguments().value(1))), stdout);
-        return ExitOk;
-    }
-    return -1;
-}
-} // namespace
 
 int runDump(const QStringList &args)
 {
@@ -72,8 +53,11 @@ int runConvert(const QStringList &args)
     QCommandLineParser parser;
     addReadOptions(parser);
     parser.addOption({u"windows-line-breaks"_s, u"End lines with carriage return and line feed."_s});
-    if (int status = parseArguments(parser, args, u"Reads a subtitle file and writes it as SubRip."_s,
-                                    u"IN OUT"_s);
+    parser.addOption({u"format"_s, u"srt (default) or vtt (WebVTT chapter marks); OUT ending in .vtt means vtt."_s,
+                      u"FORMAT"_s});
+    parser.addOption({u"out-encoding"_s, u"Text encoding number to write with (default UTF-8)."_s, u"N"_s});
+    if (int status = parseArguments(parser, args,
+                                    u"Reads a subtitle file and writes it as SubRip or WebVTT."_s, u"IN OUT"_s);
         status >= 0)
         return status;
     ReadOptions options;
@@ -83,17 +67,27 @@ int runConvert(const QStringList &args)
     if (positional.size() != 2)
         return usageError(parser, u"convert takes IN and OUT."_s);
 
+    const QString &out = positional[1];
+    bool webVTT = out.endsWith(u".vtt"_s, Qt::CaseInsensitive);
+    if (parser.isSet(u"format"_s)) {
+        const QString format = parser.value(u"format"_s).toLower();
+        if (format != u"srt"_s && format != u"vtt"_s)
+            return usageError(parser, u"--format takes srt or vtt."_s);
+        webVTT = format == u"vtt"_s;
+    }
+    EncodingId outEncoding = Encodings::UTF8;
+    if (parser.isSet(u"out-encoding"_s)) {
+        bool valid = false;
+        const qulonglong number = parser.value(u"out-encoding"_s).toULongLong(&valid);
+        if (!valid || number > 0xFFFFFFFFull)
+            return usageError(parser, u"--out-encoding takes an encoding number."_s);
+        outEncoding = EncodingId(number);
+    }
+
     const std::optional<SubtitleList> cues = readSubtitleFile(positional[0], options);
     if (!cues)
         return ExitFailure;
-    const QString &out = positional[1];
-    if (QFileInfo(out).isDir()) {
-        printError(u"'%1' is a folder; give the path of the file to write"_s.arg(out));
-        return ExitFailure;
-    }
-    if (!VHSubtitle::writeSubtitles(*cues, out, Encodings::UTF8, parser.isSet(u"windows-line-breaks"_s))) {
-        printError(u"Could not write '%1'"_s.arg(out));
-        return ExitFailure;
-    }
-    return ExitOk;
+    return writeSubtitleFile(*cues, out, webVTT, outEncoding, parser.isSet(u"windows-line-breaks"_s))
+               ? ExitOk
+               : ExitFailure;
 }

@@ -1,6 +1,8 @@
 #include "CliSupport.h"
 #include "Commands.h"
+#include "CliPrompter.h"
 #include "Log.h"
+#include "Prompter.h"
 
 #include <QCoreApplication>
 
@@ -16,7 +18,10 @@ const char kUsage[] =
     "\n"
     "Commands:\n"
     "  dump FILE          Print the cues of a subtitle file as JSON.\n"
-    "  convert IN OUT     Read a subtitle file and write it as SubRip.\n"
+    "  convert IN OUT     Read a subtitle file and write it as SubRip or WebVTT.\n"
+    "  languages MOVIE    Print the language menu of a movie as JSON.\n"
+    "  adjust-durations FILE  Recompute durations from reading speed.\n"
+    "  replace FILE       Replace a text in every line.\n"
     "\n"
     "Run 'captora-cli COMMAND --help' for the options of a command.\n"
     "Options: --help, --version\n";
@@ -28,6 +33,10 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(u"captora-cli"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CAPTORA_VERSION));
     installLogHandler();
+    // Questions of the engine (an encoding that cannot be guessed, an overwrite) are asked on
+    // a terminal; without one the command explains which option answers them and fails.
+    CliPrompter prompter(u"Pass --encoding N to read the file in encoding N ('captora-cli encodings' lists them)."_s);
+    Prompter::setShared(&prompter);
 
     QStringList args = QCoreApplication::arguments();
     if (args.size() < 2) {
@@ -50,6 +59,12 @@ int main(int argc, char *argv[])
         return runDump(args);
     if (command == u"convert"_s)
         return runConvert(args);
+    if (command == u"languages"_s)
+        return runLanguages(args);
+    if (command == u"adjust-durations"_s)
+        return runAdjustDurations(args);
+    if (command == u"replace"_s)
+        return runReplace(args);
     std::fprintf(stderr, "Unknown command '%s'.\n\n%s", qPrintable(command), kUsage);
     return ExitUsage;
 }
