@@ -96,6 +96,9 @@ TEST_F(CueTiming, MovingTheStartMovesTheWholeCue)
     EXPECT_EQ(cue->start(), 15);
     EXPECT_EQ(cue->end(), 25);
     EXPECT_EQ(events.take(), StartChanged + EndChanged + QStringList{EndGrew});
+
+    cue->setStart(15);
+    EXPECT_EQ(events.take(), StartChanged + EndChanged);
 }
 
 TEST_F(CueTiming, ClampedDurationIsAnnouncedAgainOnceAfterTheMainQueueRuns)
