@@ -9,3 +9,5 @@ int runConvert(const QStringList &args);
 int runLanguages(const QStringList &args);
 int runAdjustDurations(const QStringList &args);
 int runReplace(const QStringList &args);
+int runShift(const QStringList &args);
+int runSync(const QStringList &args);

@@ -22,6 +22,8 @@ const char kUsage[] =
     "  languages MOVIE    Print the language menu of a movie as JSON.\n"
     "  adjust-durations FILE  Recompute durations from reading speed.\n"
     "  replace FILE       Replace a text in every line.\n"
+    "  shift FILE         Move every line by the same amount.\n"
+    "  sync FILE          Re-time lines through anchors (--fix INDEX=TIME ...).\n"
     "\n"
     "Run 'captora-cli COMMAND --help' for the options of a command.\n"
     "Options: --help, --version\n";
@@ -65,6 +67,10 @@ int main(int argc, char *argv[])
         return runAdjustDurations(args);
     if (command == u"replace"_s)
         return runReplace(args);
+    if (command == u"shift"_s)
+        return runShift(args);
+    if (command == u"sync"_s)
+        return runSync(args);
     std::fprintf(stderr, "Unknown command '%s'.\n\n%s", qPrintable(command), kUsage);
     return ExitUsage;
 }

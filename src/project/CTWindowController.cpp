@@ -186,6 +186,9 @@ void CTWindowController::setCurrentTime(double seconds)
     willChangeValueForKey(u"currentTime"_s);
     m_currentTime = seconds;
     didChangeValueForKey(u"currentTime"_s);
+    // Tap2Sync ends when playback reaches the next anchor.
+    if (m_fixMode == 4 && seconds >= m_range.endChange)
+        setFixMode(1);
 }
 
 void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
@@ -205,9 +208,8 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
     if (cue) {
         bindEditorFields(cue);
         if (m_fixMode != 4 && m_player) {
-            // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that. The
-            // headless project has no modifier keys, so a plain click is assumed.
-            const bool option = false;
+            // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
+            const bool option = m_modifiers & OptionModifier;
             if (option == Settings::shared().boolValue(u"SubtitleNoJump"_s))
                 m_player->setCurrentTime(cue->start() + 0.0001);
         }
@@ -259,15 +261,6 @@ void CTWindowController::announceEditorFields()
     }
 }
 
-void CTWindowController::setStart(double seconds)
-{
-    m_start = seconds;
-    if (m_noAdjust || !m_currentSubtitle)
-        return;
-    m_currentSubtitle->setStart(seconds);
-    markChanged();
-}
-
 void CTWindowController::setDuration(double seconds)
 {
     m_duration = seconds;
@@ -302,16 +295,6 @@ void CTWindowController::setHasChanged(bool changed)
     didChangeValueForKey(u"hasChanged"_s);
     if (m_view)
         m_view->setDocumentEdited(changed);
-}
-
-void CTWindowController::setFixMode(int mode)
-{
-    willChangeValueForKey(u"fixMode"_s);
-    m_fixMode = mode;
-    didChangeValueForKey(u"fixMode"_s);
-    updateRangeNotification();
-    willChangeValueForKey(u"canFix"_s);
-    didChangeValueForKey(u"canFix"_s);
 }
 
 bool CTWindowController::hasMovie() const

@@ -80,6 +80,29 @@ public:
 
     int fixMode() const { return m_fixMode; }
     void setFixMode(int mode);
+    // Check-box style views of the mode: modeIsFix is 1 in mode 1, -1 (mixed) in mode 4.
+    int modeIsFix() const { return m_fixMode == 1 ? 1 : (m_fixMode == 4 ? -1 : 0); }
+    void setModeIsFix(bool on) { setFixMode(on ? 1 : 0); }
+    bool modeIsShift() const { return m_fixMode == 2; }
+    void setModeIsShift(bool on) { setFixMode(on ? 2 : 1); }
+    bool modeIsSingle() const { return m_fixMode == 3; }
+    void setModeIsSingle(bool on) { setFixMode(on ? 3 : 1); }
+
+    // Modifier keys held now, as the window reports them.
+    enum Modifier { NoModifier = 0, ShiftModifier = 1, OptionModifier = 2 };
+    void setModifierKeys(int modifiers) { m_modifiers = modifiers; }
+    // Chooses the mode from the modifier keys: no cue 0, Shift 2, Option 3, else 1.
+    void updateFixMode();
+    void fixSubtitleStart();
+    void shiftSubtitles();
+    void fixSingleSubtitleStart();
+    void toggleTap2Sync();
+    void fixButtonGotEscape();
+    void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
+    // The playback controller's report that playback started or stopped.
+    void movieChangedPlaying(bool playing);
+    // Re-times cues a..b: t → (t − origin) × factor + shift + origin for start and end.
+    void stretch(qsizetype first, qsizetype last, double factor, double origin, double shift);
     int defaultFixMode() const { return m_isChaptermark ? 3 : 1; }
     double timeShift() const;
 
@@ -273,6 +296,7 @@ private:
     bool m_noVerifying = false;
     bool m_noAdjust = false;
     bool m_willTerminate = false;
+    int m_modifiers = NoModifier;
     std::function<bool()> m_willAutoEmbed;
     std::function<void(const QString &)> m_commandHandler;
     Observable::KeyToken m_cueBinding;

@@ -1,9 +1,14 @@
 // The fix range: the run of cues that moves with the current one, bounded by the nearest
 // anchors, and whether a fix is allowed at the current playback time.
 #include "CTWindowController.h"
+#include "Log.h"
+#include "Prompter.h"
+#include "ProjectView.h"
+#include "Settings.h"
 #include "PlaybackControl.h"
 #include "VHTimeValueTransformer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -100,4 +105,226 @@ bool CTWindowController::canShift() const
 double CTWindowController::timeShift() const
 {
     return m_currentTime - m_start;
+}
+
+// --- modes ---------------------------------------------------------------------------------------
+
+void CTWindowController::setFixMode(int mode)
+{
+    const int old = m_fixMode;
+    willChangeValueForKey(u"fixMode"_s);
+    m_fixMode = mode;
+    didChangeValueForKey(u"fixMode"_s);
+    updateRangeNotification();
+
+    if (mode == 4 && old != 4) {
+        // The whole list shows while tapping.
+        if (!m_searchString.isEmpty())
+            setSearchString(QString());
+        if (!m_currentSubtitle) {
+            const qsizetype index = std::max<qsizetype>(subtitleIndexAtTime(m_currentTime) - 1, 0);
+            if (index < arrangedSubtitles().size())
+                setSelectionIndices({index});
+        }
+        if (Settings::shared().boolValue(u"TapFixPrev"_s) && !m_selection.isEmpty() && m_selection.first() > 0) {
+            arrangedSubtitles()[m_selection.first() - 1]->setFixed(true);
+            updateRangeNotification();
+        }
+        if (m_view) {
+            m_view->setPlayButtonKeyEquivalent(QString());
+            m_view->makeFixControlFirstResponder();
+        }
+        if (m_player && !m_player->isPlaying()) {
+            const double rewind = Settings::shared().doubleValue(u"TapRewindSecs"_s);
+            const double time = std::max(m_currentTime - rewind, m_range.startChange + 0.001);
+            m_player->setCurrentTime(time);
+            setCurrentTime(time);
+            m_player->setPlaying(true);
+        }
+    } else if (old == 4 && mode != 4) {
+        if (m_view) {
+            m_view->setPlayButtonKeyEquivalent(u" "_s);
+            m_view->makePlayButtonFirstResponder();
+        }
+        if (m_player && m_player->isPlaying())
+            m_player->setPlaying(false);
+    }
+}
+
+void CTWindowController::updateFixMode()
+{
+    if (m_fixMode == 4)
+        return;
+    if (!m_currentSubtitle)
+        setFixMode(0);
+    else if (m_modifiers & ShiftModifier)
+        setFixMode(2);
+    else if (m_modifiers & OptionModifier)
+        setFixMode(3);
+    else
+        setFixMode(1);
+}
+
+void CTWindowController::toggleTap2Sync()
+{
+    if (m_fixMode == 4) {
+        setFixMode(1);
+        return;
+    }
+    Settings &settings = Settings::shared();
+    if (!settings.boolValue(u"ShownTap2Sync"_s)) {
+        Prompt prompt;
+        prompt.message = u"How to use \"Tap2Sync\""_s;
+        prompt.informative = u"Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear "
+                             "the current subtitle instantly press space. It will fix that subtitle and move to "
+                             "the next."_s;
+        prompt.buttons = {u"Start"_s, u"Cancel"_s};
+        prompt.checkboxTitle = u"Do not show this message again"_s;
+        const PromptAnswer answer = Prompter::shared().ask(prompt);
+        if (answer.button != 0)
+            return;
+        if (answer.checkboxChecked)
+            settings.setValue(u"ShownTap2Sync"_s, true);
+    }
+    setFixMode(4);
+}
+
+void CTWindowController::fixButtonGotEscape()
+{
+    setFixMode(1);
+    updateFixMode();
+}
+
+void CTWindowController::movieChangedPlaying(bool playing)
+{
+    if (!playing && m_fixMode == 4)
+        setFixMode(1);
+    if (m_view)
+        m_view->setPlayButtonTitle(playing ? u"Pause"_s : u"Play"_s);
+}
+
+// --- fixing ----------------------------------------------------------------------------------
+
+void CTWindowController::fixSubtitleStart()
+{
+    if (!m_currentSubtitle || !canFix())
+        return;
+    setStart(m_player->currentTime());
+    if (m_fixMode != 4)
+        return;
+    const qsizetype index = indexOfSubtitle(m_currentSubtitle.get());
+    if (index >= 0 && index < m_range.last) {
+        const qsizetype row = arrangedSubtitles().indexOf(m_subtitles[index + 1]);
+        setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
+    } else {
+        setFixMode(1);
+    }
+}
+
+void CTWindowController::shiftSubtitles()
+{
+    if (!m_currentSubtitle)
+        return;
+    setFixMode(2);
+    if (canFix())
+        setStart(m_player->currentTime());
+    updateFixMode();
+}
+
+void CTWindowController::fixSingleSubtitleStart()
+{
+    if (!m_currentSubtitle)
+        return;
+    setFixMode(3);
+    if (canFix())
+        setStart(m_player->currentTime());
+    updateFixMode();
+}
+
+void CTWindowController::setStart(double t)
+{
+    if (m_noAdjust || !m_currentSubtitle) {
+        m_start = t;
+        return;
+    }
+    const double h = 0.5 / m_fps;
+    const FixRange range = m_range;
+    if (t < range.startChange - h || t > range.endChange + h) {
+        m_start = t; // refused: the field keeps the typed value, the cues stay
+        return;
+    }
+    t = std::min(t, range.endChange);
+    t = std::max(t, range.startChange);
+    if (m_fixMode == 4)
+        t -= Settings::shared().doubleValue(u"TapDelaySecs"_s);
+
+    const bool oldNoAdjust = m_noAdjust;
+    m_noAdjust = true;
+    markChanged();
+    const SubtitlePtr cue = m_currentSubtitle;
+    cue->setFixed(true);
+    const qsizetype i = indexOfSubtitle(cue.get());
+    const double s0 = cue->start();
+    const double oldDuration = cue->duration();
+    double factor = 1;
+
+    if (range.first < i) {
+        if (m_fixMode == 2) {
+            factor = 1;
+            stretch(range.first, i - 1, 1, range.startChange, t - s0);
+        } else {
+            factor = (t - range.startChange) / std::max(s0 - range.startChange, 0.0001);
+            if (factor > 0)
+                stretch(range.first, i - 1, factor, range.startChange, 0);
+            else
+                logLine(u"Warning: Adjustive stretch never should be negative. %1"_s.arg(factor, 0, 'f', 6));
+        }
+        if (range.first > 0)
+            subtitleEndGrew(m_subtitles[range.first - 1]);
+    }
+    if (i >= 0 && i < range.last) {
+        const double m = std::max(range.endChange, m_subtitles[range.last]->end());
+        if (m_fixMode == 2 || std::isinf(range.endChange)) {
+            factor = 1;
+            stretch(i + 1, range.last, 1, s0, t - s0);
+        } else {
+            factor = (range.endChange - t) / std::max(m - s0, 0.0001);
+            if (factor > 0)
+                stretch(i + 1, range.last, factor, s0, t - s0);
+            else
+                logLine(u"Warning: Adjustive stretch never should be negative. %1"_s.arg(factor, 0, 'f', 6));
+        }
+    }
+
+    {
+        const bool oldNoVerifying = m_noVerifying;
+        m_noVerifying = true;
+        cue->setStart(t);
+        cue->setEnd(t + oldDuration * factor);
+        m_noVerifying = oldNoVerifying;
+    }
+    subtitleStartReduced(cue);
+    subtitleEndGrew(cue);
+    if (m_player)
+        m_player->redrawCurrentSubtitle();
+    m_noAdjust = oldNoAdjust;
+    m_start = t;
+    refreshEditorFields();
+    announceEditorFields();
+    updateRangeNotification();
+}
+
+void CTWindowController::stretch(qsizetype first, qsizetype last, double factor, double origin, double shift)
+{
+    if (first > last)
+        return;
+    const bool old = m_noVerifying;
+    m_noVerifying = true;
+    for (qsizetype n = std::max<qsizetype>(first, 0); n <= last && n < m_subtitles.size(); ++n) {
+        VHSubtitle &cue = *m_subtitles[n];
+        const double start = (cue.start() - origin) * factor + shift + origin;
+        const double end = (cue.end() - origin) * factor + shift + origin;
+        cue.replaceStart(start, end);
+    }
+    m_noVerifying = old;
 }

@@ -65,4 +65,10 @@ public:
 
     // Starts editing the text column of a table row, with its text selected.
     virtual void beginEditingText(qsizetype row) = 0;
+
+    // Tap2Sync hands the space bar from the play button to the fix control and back.
+    virtual void setPlayButtonKeyEquivalent(const QString &key) { Q_UNUSED(key); }
+    virtual void makeFixControlFirstResponder() {}
+    virtual void makePlayButtonFirstResponder() {}
+    virtual void setPlayButtonTitle(const QString &title) { Q_UNUSED(title); }
 };

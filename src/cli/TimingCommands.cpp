@@ -1,0 +1,182 @@
+// Re-timing from the command line: a common shift, and fixes at given times exactly as the
+// project makes them when the user selects a line, plays to a time and presses the fix key.
+#include "CTWindowController.h"
+#include "CliSupport.h"
+#include "Commands.h"
+#include "MainQueue.h"
+#include "PlaybackControl.h"
+#include "VHTimeValueTransformer.h"
+
+#include <QLocale>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// A movie that is only a clock: the time a fix is made at, the length and frame rate given
+// on the command line.
+class ScriptedPlayback final : public PlaybackControl
+{
+public:
+    ScriptedPlayback(double fps, double duration) : m_fps(fps), m_duration(duration) {}
+    bool hasMovie() const override { return true; }
+    double currentTime() const override { return m_time; }
+    void setCurrentTime(double seconds) override { m_time = seconds; }
+    double fps() const override { return m_fps; }
+    double duration() const override { return m_duration; }
+    bool isPlaying() const override { return false; }
+    void setPlaying(bool) override {}
+    void setSubtitles(const SubtitleList &) override {}
+    void setShowSubtitle(bool) override {}
+    void redrawCurrentSubtitle() override {}
+    qsizetype currentSegmentIndex() const override { return -1; }
+
+private:
+    double m_fps;
+    double m_duration;
+    double m_time = 0;
+};
+
+void printCuesAsJson(const SubtitleList &cues)
+{
+    QByteArray out = "[";
+    bool first = true;
+    for (const SubtitlePtr &cue : cues) {
+        out.append(first ? "\n  {\"start\": " : ",\n  {\"start\": ");
+        first = false;
+        appendJsonNumber(out, cue->start());
+        out.append(", \"end\": ");
+        appendJsonNumber(out, cue->end());
+        out.append(cue->forced() ? ", \"forced\": true, \"text\": " : ", \"forced\": false, \"text\": ");
+        appendJsonString(out, cue->string());
+        out.append('}');
+    }
+    out.append("\n]\n");
+    printOut(out);
+}
+} // namespace
+
+int runShift(const QStringList &args)
+{
+    QCommandLineParser parser;
+    addReadOptions(parser);
+    parser.addOption({u"by"_s, u"Seconds to move every line by (negative: earlier)."_s, u"SECONDS"_s});
+    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
+    if (int status = parseArguments(parser, args, u"Moves every line by the same amount."_s, u"FILE"_s);
+        status >= 0)
+        return status;
+    ReadOptions options;
+    if (const QString problem = takeReadOptions(parser, &options); !problem.isEmpty())
+        return usageError(parser, problem);
+    bool ok = true;
+    const std::optional<double> by = doubleOption(parser, u"by"_s, &ok);
+    if (!ok || !by)
+        return usageError(parser, u"shift needs --by SECONDS."_s);
+    if (parser.positionalArguments().size() != 1)
+        return usageError(parser, u"shift takes exactly one FILE."_s);
+
+    const QString file = parser.positionalArguments().first();
+    std::optional<SubtitleList> cues = readSubtitleFile(file, options);
+    if (!cues)
+        return ExitFailure;
+    CTWindowController project(nullptr, nullptr);
+    project.setSubtitles(*cues);
+    project.stretch(0, cues->size() - 1, 1, 0, *by);
+    const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
+    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false) ? ExitOk
+                                                                                                 : ExitFailure;
+}
+
+int runSync(const QStringList &args)
+{
+    QCommandLineParser parser;
+    addReadOptions(parser);
+    parser.addOption({u"fix"_s, u"Fix line INDEX (0-based) to start at TIME (seconds or hh:mm:ss,mmm); repeatable."_s,
+                      u"INDEX=TIME"_s});
+    parser.addOption({u"mode"_s, u"fix (stretch between anchors, default), shift or single."_s, u"MODE"_s});
+    parser.addOption({u"json"_s, u"Print the resulting lines as JSON."_s});
+    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
+    if (int status = parseArguments(parser, args,
+                                    u"Re-times lines through anchors: each --fix makes a line start at a time, "
+                                    "and the lines around it follow."_s,
+                                    u"FILE"_s);
+        status >= 0)
+        return status;
+    ReadOptions options;
+    if (const QString problem = takeReadOptions(parser, &options); !problem.isEmpty())
+        return usageError(parser, problem);
+    if (parser.positionalArguments().size() != 1)
+        return usageError(parser, u"sync takes exactly one FILE."_s);
+    const QString mode = parser.isSet(u"mode"_s) ? parser.value(u"mode"_s).toLower() : u"fix"_s;
+    if (mode != u"fix"_s && mode != u"shift"_s && mode != u"single"_s)
+        return usageError(parser, u"--mode takes fix, shift or single."_s);
+
+    struct Fix
+    {
+        qsizetype index;
+        double time;
+    };
+    QList<Fix> fixes;
+    const QStringList fixTexts = parser.values(u"fix"_s);
+    for (const QString &text : fixTexts) {
+        const qsizetype eq = text.indexOf(u'=');
+        bool indexOk = false, timeOk = false;
+        const qsizetype index = eq > 0 ? text.left(eq).trimmed().toLongLong(&indexOk) : -1;
+        const QString timeText = text.mid(eq + 1).trimmed();
+        double time = QLocale::c().toDouble(timeText, &timeOk);
+        if (!timeOk && timeText.contains(u':')) {
+            time = VHSubtitle::timeFormatter().reverseTransformedValue(timeText);
+            timeOk = true;
+        }
+        if (!indexOk || !timeOk || index < 0 || !std::isfinite(time))
+            return usageError(parser, u"--fix takes INDEX=TIME, e.g. 12=754.2 or 12=00:12:34,200."_s);
+        fixes.append({index, time});
+    }
+    if (fixes.isEmpty())
+        return usageError(parser, u"sync needs at least one --fix INDEX=TIME."_s);
+
+    const QString file = parser.positionalArguments().first();
+    std::optional<SubtitleList> cues = readSubtitleFile(file, options);
+    if (!cues)
+        return ExitFailure;
+
+    ScriptedPlayback movie(options.fps, options.length);
+    CTWindowController project(nullptr, &movie);
+    project.setMovieInfo(QString(), 1, options.fps, options.length);
+    project.setSubtitles(*cues);
+    project.setFixMode(1);
+    for (const Fix &fix : std::as_const(fixes)) {
+        if (fix.index >= project.subtitles().size()) {
+            printError(u"There is no line %1; the file has %2 lines (counted from 0)"_s.arg(fix.index).arg(
+                project.subtitles().size()));
+            return ExitFailure;
+        }
+        project.setSelectionIndices({fix.index});
+        movie.setCurrentTime(fix.time);
+        project.setCurrentTime(fix.time);
+        if (mode == u"fix"_s)
+            project.setFixMode(1);
+        if (!project.canFix()) {
+            const auto range = project.fixRange();
+            printError(u"Line %1 cannot start at %2: with the anchors set so far it must start between %3 and %4"_s
+                           .arg(fix.index)
+                           .arg(VHSubtitle::formatedTime(fix.time), VHSubtitle::formatedTime(range.startChange),
+                                std::isinf(range.endChange) ? u"the end"_s
+                                                            : VHSubtitle::formatedTime(range.endChange)));
+            return ExitFailure;
+        }
+        if (mode == u"shift"_s)
+            project.shiftSubtitles();
+        else if (mode == u"single"_s)
+            project.fixSingleSubtitleStart();
+        else
+            project.fixSubtitleStart();
+        MainQueue::main().drain(); // the neighbour corrections that follow each fix
+    }
+    if (parser.isSet(u"json"_s))
+        printCuesAsJson(project.subtitles());
+    const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
+    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false) ? ExitOk
+                                                                                                 : ExitFailure;
+}
