@@ -78,10 +78,13 @@ qint64 leadingInteger(QStringView text)
 
 double parse(QStringView text, QStringView decimal, QStringView alternate)
 {
-    qsizetype symbol = decimal.isEmpty() ? -1 : text.lastIndexOf(decimal);
+    // The search starts explicitly at the last character: Qt 6.4's lastIndexOf(QStringView)
+    // without a start looks one character past the end of a view, and a field view such as
+    // SubStationAlpha's is followed by "," in the text it comes from.
+    qsizetype symbol = decimal.isEmpty() ? -1 : text.lastIndexOf(decimal, -1);
     qsizetype symbolLength = decimal.size();
     if (symbol < 0 && !alternate.isEmpty()) {
-        symbol = text.lastIndexOf(alternate);
+        symbol = text.lastIndexOf(alternate, -1);
         symbolLength = alternate.size();
     }
 

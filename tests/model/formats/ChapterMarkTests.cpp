@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-SubtitleList marksStartingAt(std::initializer_list<double> starts)
+SubtitleList marksStartingAt(const QList<double> &starts)
 {
     SubtitleList marks;
     for (double start : starts)
@@ -87,7 +87,7 @@ TEST(ChapterRepair, MarksBecomeContiguousFromZeroToTheMovieEnd)
 {
     struct Case
     {
-        std::initializer_list<double> starts;
+        QList<double> starts;
         double length;
         QList<std::pair<double, double>> times;
     };

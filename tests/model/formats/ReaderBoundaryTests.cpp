@@ -114,6 +114,15 @@ TEST(SubStationAlphaReader, DialogueLineNeedsItsLineEnd)
                         {{u"Ends with a line end"_s, 1, 2}}));
 }
 
+TEST(SubStationAlphaReader, TimesFollowTheTimeTextRules)
+{
+    // The fraction is read character by character and not checked to be digits, so the
+    // "a" (49 above "0") adds 0.49 s; hours and minutes may be left out.
+    const QString text = u"[Events]\nFormat: Start, End, Text\n"
+                         u"Dialogue: 0:00:01.0a,62.5,x,,,,,,,\n"_s;
+    EXPECT_TRUE(cuesAre(VHSubtitle::subtitlesFromSubStationAlphaString(text), {{u"x"_s, 1.49, 62.5}}));
+}
+
 TEST(SubStationAlphaReader, TextsWithoutUsableEventsGiveNoCueAndNoWarning)
 {
     const QString dialogue = u"Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,Hi\n"_s;
