@@ -152,10 +152,3 @@ TEST(PlainTextReader, LinesShareTheLengthOrFollowEveryFourSeconds)
     EXPECT_TRUE(
         cuesAre(VHSubtitle::subtitlesFromText(text, -5), {{u"a"_s, 0, 4}, {u"b"_s, 4, 8}, {u"c"_s, 8, 12}}));
 }
-
-TEST(PlainTextReader, LinesStayAsTheyStand)
-{
-    EXPECT_TRUE(
-        cuesAre(VHSubtitle::subtitlesFromText(u" indented \n\nwindows\r\n"_s, 0),
-                {{u" indented "_s, 0, 4}, {QString(), 4, 8}, {u"windows\r"_s, 8, 12}, {QString(), 12, 16}}));
-}
