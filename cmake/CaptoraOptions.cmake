@@ -22,6 +22,16 @@ if(CAPTORA_SANITIZE)
     target_link_options(captora_options INTERFACE -fsanitize=${CAPTORA_SANITIZE})
 endif()
 
+# Fuzzing: every target of the tree gets libFuzzer's coverage instrumentation, and the
+# targets under tests/fuzz link its driver. Needs clang.
+option(CAPTORA_FUZZ "Build the libFuzzer targets of tests/fuzz (clang only)" OFF)
+if(CAPTORA_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "CAPTORA_FUZZ needs clang; configure with the fuzz preset")
+    endif()
+    target_compile_options(captora_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # Adds a static library for one module folder.
 function(captora_module name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})

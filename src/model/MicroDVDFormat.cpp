@@ -20,8 +20,7 @@ struct BracePair
     explicit BracePair(QStringView text)
         : open(text.indexOf(u'{'))
         , close(text.indexOf(u'}'))
-    {
-    }
+    {}
     bool usable() const { return open >= 0 && close >= 0 && open < close; }
     qint64 number(QStringView text) const
     {
@@ -30,7 +29,8 @@ struct BracePair
     static quint64 logged(qsizetype position) { return position < 0 ? kNotFound : quint64(position); }
     void logFailure(QStringView line) const
     {
-        logLine(u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line).arg(logged(open)).arg(logged(close)));
+        logLine(
+            u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line).arg(logged(open)).arg(logged(close)));
     }
 };
 } // namespace

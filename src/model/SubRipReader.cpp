@@ -57,9 +57,9 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
     };
 
     auto numberLine = [&](qint64 number) {
+        // Printed unsigned, as this warning has always shown its numbers: a negative cue
+        // number appears as its 64-bit two's complement.
         if (lastNumber == LLONG_MAX || number != lastNumber + 1)
-            // The numbers are printed unsigned, as the warning has always shown them: a
-            // negative number appears as its 64-bit two's complement.
             logLine(u"Parsing Warning: Line %1 followed line %2"_s.arg(quint64(number)).arg(quint64(lastNumber)));
         lastNumber = number;
         state = AfterNumber;

@@ -4,6 +4,8 @@
 
 #include <climits>
 #include <cmath>
+#include <algorithm>
+#include <cctype>
 #include <charconv>
 
 namespace TimeText {
@@ -46,9 +48,18 @@ double leadingDouble(QStringView text)
             negative = *first == '-';
             ++first;
         }
+        // Only digits or a point start a number here ("inf" and "nan" are not numbers).
+        if (first == last || !(std::isdigit(static_cast<unsigned char>(*first)) || *first == '.'))
+            return 0;
         double parsed = 0;
-        if (std::from_chars(first, last, parsed, std::chars_format::general).ec != std::errc())
+        const std::from_chars_result result = std::from_chars(first, last, parsed, std::chars_format::general);
+        if (result.ec == std::errc::result_out_of_range) {
+            // Too large gives infinity, too small gives 0, as reading a number does in C.
+            const char *e = std::find_if(first, result.ptr, [](char c) { return c == 'e' || c == 'E'; });
+            parsed = e != result.ptr && e + 1 != result.ptr && e[1] != '-' ? HUGE_VAL : 0.0;
+        } else if (result.ec != std::errc()) {
             parsed = 0;
+        }
         return negative ? -parsed : parsed;
     }
     return value;
@@ -78,11 +89,14 @@ qint64 leadingInteger(QStringView text)
 
 double parse(QStringView text, QStringView decimal, QStringView alternate)
 {
-    // Symbols are nearly always one character; searching for a QChar is much cheaper.
+    // Symbols are nearly always one character; searching for a QChar is much cheaper. The
+    // search starts explicitly at the last character: Qt 6.4's lastIndexOf(QStringView)
+    // without a start looks one character past the end of a view, and a field view such as
+    // SubStationAlpha's is followed by "," in the text it comes from.
     auto lastIndex = [text](QStringView symbol) -> qsizetype {
         if (symbol.isEmpty())
             return -1;
-        return symbol.size() == 1 ? text.lastIndexOf(symbol.front()) : text.lastIndexOf(symbol);
+        return symbol.size() == 1 ? text.lastIndexOf(symbol.front(), -1) : text.lastIndexOf(symbol, -1);
     };
     qsizetype symbol = lastIndex(decimal);
     qsizetype symbolLength = decimal.size();

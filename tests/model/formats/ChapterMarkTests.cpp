@@ -12,7 +12,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-SubtitleList marksStartingAt(std::initializer_list<double> starts)
+SubtitleList marksStartingAt(const QList<double> &starts)
 {
     SubtitleList marks;
     for (double start : starts)
@@ -54,6 +54,15 @@ TEST(ChapterReader, ChapterLinesNumberMarksWhereSubRipWouldNotAccept)
     EXPECT_EQ(log.count(u"Parsing Warning: Line 7 followed line 3"_s), 1);
 }
 
+TEST(ChapterReader, NegativeNumbersAreLoggedUnsigned)
+{
+    LogCapture log;
+    EXPECT_TRUE(
+        cuesAre(VHVideoText::chapterMarksFromVideoTextTracks(u"-2\n00:00:01.000 --> 00:00:02.000\nx\n"_s),
+                {{u"x"_s, 1, 2}}));
+    EXPECT_EQ(log.lines(), QStringList{u"Parsing Warning: Line 18446744073709551614 followed line 0"_s});
+}
+
 TEST(ChapterReader, ChapterLineDirectlyUnderATimeIsTitleText)
 {
     EXPECT_TRUE(cuesAre(VHVideoText::chapterMarksFromVideoTextTracks(
@@ -78,7 +87,7 @@ TEST(ChapterRepair, MarksBecomeContiguousFromZeroToTheMovieEnd)
 {
     struct Case
     {
-        std::initializer_list<double> starts;
+        QList<double> starts;
         double length;
         QList<std::pair<double, double>> times;
     };

@@ -114,6 +114,15 @@ TEST(SubStationAlphaReader, DialogueLineNeedsItsLineEnd)
                         {{u"Ends with a line end"_s, 1, 2}}));
 }
 
+TEST(SubStationAlphaReader, TimesFollowTheTimeTextRules)
+{
+    // The fraction is read character by character and not checked to be digits, so the
+    // "a" (49 above "0") adds 0.49 s; hours and minutes may be left out.
+    const QString text = u"[Events]\nFormat: Start, End, Text\n"
+                         u"Dialogue: 0:00:01.0a,62.5,x,,,,,,,\n"_s;
+    EXPECT_TRUE(cuesAre(VHSubtitle::subtitlesFromSubStationAlphaString(text), {{u"x"_s, 1.49, 62.5}}));
+}
+
 TEST(SubStationAlphaReader, TextsWithoutUsableEventsGiveNoCueAndNoWarning)
 {
     const QString dialogue = u"Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,Hi\n"_s;
@@ -142,11 +151,4 @@ TEST(PlainTextReader, LinesShareTheLengthOrFollowEveryFourSeconds)
         cuesAre(VHSubtitle::subtitlesFromText(text, 0), {{u"a"_s, 0, 4}, {u"b"_s, 4, 8}, {u"c"_s, 8, 12}}));
     EXPECT_TRUE(
         cuesAre(VHSubtitle::subtitlesFromText(text, -5), {{u"a"_s, 0, 4}, {u"b"_s, 4, 8}, {u"c"_s, 8, 12}}));
-}
-
-TEST(PlainTextReader, LinesStayAsTheyStand)
-{
-    EXPECT_TRUE(
-        cuesAre(VHSubtitle::subtitlesFromText(u" indented \n\nwindows\r\n"_s, 0),
-                {{u" indented "_s, 0, 4}, {QString(), 4, 8}, {u"windows\r"_s, 8, 12}, {QString(), 12, 16}}));
 }
