@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -266,7 +267,9 @@ void CTWindowController::setDuration(double seconds)
     m_duration = seconds;
     if (m_noAdjust || !m_currentSubtitle)
         return;
-    m_currentSubtitle->setDuration(seconds);
+    // A difference below the field's precision (5 µs) is no edit of the cue.
+    if (std::lround(std::abs(seconds - m_currentSubtitle->duration()) * 100000) != 0)
+        m_currentSubtitle->setDuration(seconds);
     markChanged();
 }
 

@@ -51,7 +51,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     QString target;
     if (chapterMark) {
         target = CTFileHelper::chapterMarksPath(m_basePath);
-        if ((path != target && QFileInfo::exists(target)) || m_isChaptermark) {
+        if (path != target && (QFileInfo::exists(target) || m_isChaptermark)) {
             Prompt prompt;
             prompt.message = u"Overwrite Chaper Marks File?"_s;
             prompt.buttons = {u"Overwrite"_s, u"Cancel"_s};

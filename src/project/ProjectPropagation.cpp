@@ -54,7 +54,7 @@ void CTWindowController::subtitleEndGrew(const SubtitlePtr &cue)
     double limit;
     if (i + 1 < m_subtitles.size())
         limit = m_subtitles[i + 1]->start();
-    else if (m_player)
+    else if (hasMovie()) // no movie means no playback controller of any kind
         limit = m_player->duration();
     else
         return;
