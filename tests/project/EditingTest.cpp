@@ -161,8 +161,6 @@ TEST_F(ProjectTest, MenuTitlesAndEnabledStates)
     EXPECT_FALSE(enabled(u"extractAllSubtitles:"_s));
     project->setExtractableCounts(0, true);
     EXPECT_EQ(title(u"extractAllSubtitles:"_s), u"Extract Chapter Marks"_s);
-    project->setExtractableCounts(1, false);
-    EXPECT_EQ(title(u"extractAllSubtitles:"_s), u"Extract 1 Subtitle"_s);
     project->setExtractableCounts(3, true);
     EXPECT_EQ(title(u"extractAllSubtitles:"_s), u"Extract 3 Subtitles and Chapter Marks"_s);
 

@@ -90,8 +90,6 @@ TEST_F(ProjectTest, MenuRowsForASubtitleFile)
     project->selectSubtitleLanguage(10);
     EXPECT_EQ(project->subtitlePath(), dir.path(u"Film.de.srt"_s));
     EXPECT_EQ(view.buttonSelected, 10);
-    project->selectSubtitleLanguage(3); // Rescan Subtitles
-    EXPECT_EQ(view.buttonSelected, 10);
     EXPECT_EQ(log.count(u"Warning: Current subtitle not found in Button"_s), 0);
 }
 
@@ -118,12 +116,6 @@ TEST_F(ProjectTest, ButtonTitlesAreMadeUniqueWithTildes)
         CTLanguage::languageWithDisplayName(u""_s, QString())};
     EXPECT_EQ(titlesOf(CTWindowController::languageButtonItems(languages)),
               (QStringList{u"A~"_s, u"A"_s, u"---"_s, u"A~~"_s, u"---"_s}));
-
-    // Two files without a locale beside one movie.
-    dir.write(u"Film.srt"_s, "x");
-    dir.write(u"Film Trailer.en.srt"_s, "x");
-    openMovie();
-    EXPECT_TRUE(titlesOf(view.buttonItems).contains(u"Unknown Subtitle~"_s));
 }
 
 TEST_F(ProjectTest, MenuWithoutAProjectLogsThatTheFileIsMissing)
