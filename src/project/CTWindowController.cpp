@@ -265,21 +265,21 @@ void CTWindowController::announceEditorFields()
 void CTWindowController::setDuration(double seconds)
 {
     m_duration = seconds;
-    if (m_noAdjust || !m_currentSubtitle)
-        return;
     // A difference below the field's precision (5 µs) is no edit of the cue.
-    if (std::lround(std::abs(seconds - m_currentSubtitle->duration()) * 100000) != 0)
+    if (m_currentSubtitle && !m_noAdjust &&
+        std::lround(std::abs(seconds - m_currentSubtitle->duration()) * 100000) != 0)
         m_currentSubtitle->setDuration(seconds);
-    markChanged();
+    if (!m_noAdjust)
+        markChanged();
 }
 
 void CTWindowController::setSubtitleText(const QString &text)
 {
     m_subtitleText = text;
-    if (m_noAdjust || !m_currentSubtitle || m_currentSubtitle->string() == text)
-        return;
-    m_currentSubtitle->setString(text);
-    markChanged();
+    if (m_currentSubtitle && !m_noAdjust && m_currentSubtitle->string() != text)
+        m_currentSubtitle->setString(text);
+    if (!m_noAdjust)
+        markChanged();
 }
 
 void CTWindowController::setForced(bool forced)
@@ -385,7 +385,10 @@ void CTWindowController::addSheet(const Sheet &sheet)
     m_waitingSheets.append(sheet);
     if (m_view && !m_view->isWindowVisible()) {
         m_view->makeKeyAndOrderFront();
-        MainQueue::main().post([this] { showNextSheet(); });
+        MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive)] {
+            if (!alive.expired())
+                showNextSheet();
+        });
     }
 }
 

@@ -298,6 +298,9 @@ private:
     bool m_willTerminate = false;
     int m_modifiers = NoModifier;
     std::function<bool()> m_willAutoEmbed;
+    // Deferred work holds a weak reference to this, so that it does nothing once the project
+    // is gone.
+    std::shared_ptr<int> m_alive = std::make_shared<int>(0);
     std::function<void(const QString &)> m_commandHandler;
     Observable::KeyToken m_cueBinding;
     std::vector<ScopedObserver> m_cueObservers;

@@ -268,8 +268,8 @@ void CTWindowController::droppedFiles(const QStringList &paths)
         else
             movie = path;
     }
-    MainQueue::main().post([this, subtitle, movie] {
-        if ((subtitle.isEmpty() && movie.isEmpty()) || !canDropSubtitle())
+    MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), subtitle, movie] {
+        if (alive.expired() || (subtitle.isEmpty() && movie.isEmpty()) || !canDropSubtitle())
             return;
         if (!movie.isEmpty())
             setMoviePath(movie);

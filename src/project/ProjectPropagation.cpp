@@ -20,8 +20,8 @@ void CTWindowController::observeCueNotifications()
         auto *cue = n.objectAs<VHSubtitle>();
         if (!cue)
             return;
-        MainQueue::main().post([this, weak = cue->weak_from_this()] {
-            if (auto c = weak.lock())
+        MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
+            if (auto c = weak.lock(); c && !alive.expired())
                 subtitleEndGrew(c);
         });
     }));
@@ -32,8 +32,8 @@ void CTWindowController::observeCueNotifications()
             auto *cue = n.objectAs<VHSubtitle>();
             if (!cue)
                 return;
-            MainQueue::main().post([this, weak = cue->weak_from_this()] {
-                if (auto c = weak.lock())
+            MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
+                if (auto c = weak.lock(); c && !alive.expired())
                     subtitleStartReduced(c);
             });
         }));
