@@ -2,8 +2,6 @@
 #include "Observable.h"
 #include "TestSupport.h"
 
-#include <QStringList>
-
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -13,27 +11,17 @@ TEST(NotificationCenter, DeliversInRegistrationOrderToObserversOfThatObjectOrOfA
     NotificationCenter center;
     Observable a, b;
     QStringList calls;
-    const Observable *seenObject = nullptr;
     auto record = [&](const QString &who) {
-        return [&, who](const Notification &n) {
-            calls << who;
-            seenObject = n.object;
-            EXPECT_EQ(n.name, u"N"_s);
-        };
+        return [&, who](const Notification &n) { calls << who + u':' + n.name + (n.object == &a ? u"@a"_s : u""_s); };
     };
-    auto t1 = center.addObserver(u"N"_s, nullptr, record(u"any1"_s));
-    auto t2 = center.addObserver(u"N"_s, &a, record(u"a"_s));
-    auto t3 = center.addObserver(u"N"_s, &b, record(u"b"_s));
-    auto t4 = center.addObserver(u"Other"_s, nullptr, record(u"other"_s));
-    auto t5 = center.addObserver(u"N"_s, nullptr, record(u"any2"_s));
+    const std::vector<NotificationCenter::Token> tokens{
+        center.addObserver(u"N"_s, nullptr, record(u"any1"_s)), center.addObserver(u"N"_s, &a, record(u"a"_s)),
+        center.addObserver(u"N"_s, &b, record(u"b"_s)), center.addObserver(u"O"_s, nullptr, record(u"other"_s)),
+        center.addObserver(u"N"_s, nullptr, record(u"any2"_s))};
 
     center.post(u"N"_s, &a);
-    EXPECT_EQ(calls, (QStringList{u"any1"_s, u"a"_s, u"any2"_s}));
-    EXPECT_EQ(seenObject, &a);
-
-    calls.clear();
     center.post(u"N"_s, nullptr);
-    EXPECT_EQ(calls, (QStringList{u"any1"_s, u"any2"_s}));
+    EXPECT_EQ(calls, (QStringList{u"any1:N@a"_s, u"a:N@a"_s, u"any2:N@a"_s, u"any1:N"_s, u"any2:N"_s}));
 }
 
 TEST(NotificationCenter, RemovalDuringDeliveryIsImmediateAdditionWaitsForTheNextPost)
@@ -50,12 +38,8 @@ TEST(NotificationCenter, RemovalDuringDeliveryIsImmediateAdditionWaitsForTheNext
     second = center.addObserver(u"N"_s, nullptr, [&](const Notification &) { calls << u"second"_s; });
 
     center.post(u"N"_s, nullptr);
-    EXPECT_EQ(calls, QStringList{u"first"_s});
-
-    calls.clear();
     center.post(u"N"_s, nullptr);
-    EXPECT_EQ(calls, (QStringList{u"first"_s, u"added"_s}));
-
+    EXPECT_EQ(calls, (QStringList{u"first"_s, u"first"_s, u"added"_s}));
     center.removeObserver(first);
     center.removeObserver(added);
     EXPECT_FALSE(center.hasObservers(u"N"_s));
@@ -69,13 +53,11 @@ TEST(NotificationCenter, ScopedObserverEndsItsRegistrationWhenItGoesOrIsReplaced
     {
         ScopedObserver scoped = center.addObserver(name, nullptr, [&](const Notification &) { ++one; });
         center.post(name, nullptr);
-        EXPECT_EQ(one, 1);
         scoped = center.addObserver(name, nullptr, [&](const Notification &) { ++two; });
         center.post(name, nullptr);
-        EXPECT_EQ(one, 1);
-        EXPECT_EQ(two, 1);
     }
     center.post(name, nullptr);
+    EXPECT_EQ(one, 1);
     EXPECT_EQ(two, 1);
     EXPECT_FALSE(center.hasObservers(name));
 }

@@ -2,8 +2,6 @@
 #include "Settings.h"
 #include "TestSupport.h"
 
-#include <QStringList>
-
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -20,9 +18,12 @@ protected:
     }
 };
 
-QString describe(const QString &key, Observable::Change change)
+// Observes `key` (every key when empty) of `object`, recording "<key> will" / "<key> did".
+Observable::KeyToken record(Observable &object, const QString &key, QStringList *seen)
 {
-    return key + (change == Observable::Change::Will ? u" will"_s : u" did"_s);
+    return object.observeKey(key, [seen](Observable *, const QString &k, Observable::Change c) {
+        *seen << k + (c == Observable::Change::Will ? u" will"_s : u" did"_s);
+    });
 }
 } // namespace
 
@@ -30,15 +31,10 @@ TEST(Observable, DependentKeysAreAnnouncedRightAfterTheirKey)
 {
     Span span;
     QStringList all, duration, start;
-    auto allToken = span.observeKey({}, [&](Observable *, const QString &k, auto c) { all << describe(k, c); });
-    auto durationToken =
-        span.observeKey(u"duration"_s, [&](Observable *, const QString &k, auto c) { duration << describe(k, c); });
-    auto startToken =
-        span.observeKey(u"start"_s, [&](Observable *, const QString &k, auto c) { start << describe(k, c); });
-
+    const std::vector<Observable::KeyToken> tokens{record(span, {}, &all), record(span, u"duration"_s, &duration),
+                                                   record(span, u"start"_s, &start)};
     span.willChangeValueForKey(u"end"_s);
     span.didChangeValueForKey(u"end"_s);
-
     EXPECT_EQ(all, (QStringList{u"end will"_s, u"duration will"_s, u"end did"_s, u"duration did"_s}));
     EXPECT_EQ(duration, (QStringList{u"duration will"_s, u"duration did"_s}));
     EXPECT_TRUE(start.isEmpty());
@@ -47,29 +43,21 @@ TEST(Observable, DependentKeysAreAnnouncedRightAfterTheirKey)
 TEST(Observable, DroppingTheTokenEndsObservationEvenAfterTheObjectIsGone)
 {
     auto span = std::make_unique<Span>();
-    int dropped = 0, kept = 0;
-    auto droppedToken = span->observeKey(u"end"_s, [&](Observable *, const QString &, auto) { ++dropped; });
-    auto keptToken = span->observeKey(u"end"_s, [&](Observable *, const QString &, auto) { ++kept; });
-
+    QStringList dropped, kept;
+    auto droppedToken = record(*span, u"end"_s, &dropped);
+    auto keptToken = record(*span, u"end"_s, &kept);
     droppedToken.reset();
-    span->willChangeValueForKey(u"end"_s);
     span->didChangeValueForKey(u"end"_s);
-    EXPECT_EQ(dropped, 0);
-    EXPECT_EQ(kept, 2);
-
+    EXPECT_TRUE(dropped.isEmpty());
+    EXPECT_EQ(kept, QStringList{u"end did"_s});
     span.reset();
     keptToken.reset(); // must not touch the destroyed object
 }
 
-class SettingsTest : public ::testing::Test
+TEST(Settings, StoredValuesWinOverDefaultsPersistAndAnnounceTheirKey)
 {
-protected:
     TempDir dir;
-    QString file = dir.path(u"settings.ini"_s);
-};
-
-TEST_F(SettingsTest, StoredValuesWinOverRegisteredDefaultsAndOnlyTheyAreSaved)
-{
+    const QString file = dir.path(u"settings.ini"_s);
     {
         Settings settings;
         settings.useFile(file);
@@ -77,38 +65,22 @@ TEST_F(SettingsTest, StoredValuesWinOverRegisteredDefaultsAndOnlyTheyAreSaved)
         settings.registerDefaults({{u"Encoding"_s, 5}});
         EXPECT_EQ(settings.integerValue(u"Encoding"_s), 5);
         EXPECT_EQ(settings.stringValue(u"Name"_s), u"x"_s);
-        EXPECT_FALSE(settings.contains(u"Missing"_s));
         EXPECT_FALSE(settings.value(u"Missing"_s).isValid());
 
+        QStringList seen, other;
+        auto token = settings.observeKey(u"Encoding"_s, [&](Observable *, const QString &, Observable::Change c) {
+            seen << (c == Observable::Change::Will ? u"will "_s : u"did "_s) + settings.stringValue(u"Encoding"_s);
+        });
+        auto otherToken = record(settings, u"Name"_s, &other);
         settings.setValue(u"Encoding"_s, 30);
-        EXPECT_EQ(settings.integerValue(u"Encoding"_s), 30);
+        settings.remove(u"Encoding"_s);
+        settings.setValue(u"Encoding"_s, 12);
+        EXPECT_EQ(seen, (QStringList{u"will 5"_s, u"did 30"_s, u"will 30"_s, u"did 5"_s, u"will 5"_s, u"did 12"_s}));
+        EXPECT_TRUE(other.isEmpty());
         settings.sync();
     }
     Settings reread;
     reread.useFile(file);
-    EXPECT_EQ(reread.integerValue(u"Encoding"_s), 30);
+    EXPECT_EQ(reread.integerValue(u"Encoding"_s), 12);
     EXPECT_FALSE(reread.contains(u"Name"_s)); // defaults live in code, not in the file
-
-    reread.registerDefaults({{u"Encoding"_s, 5}});
-    reread.remove(u"Encoding"_s);
-    EXPECT_EQ(reread.integerValue(u"Encoding"_s), 5);
-}
-
-TEST_F(SettingsTest, ChangesAnnounceTheirKeyWithTheOldValueBeforeAndTheNewAfter)
-{
-    Settings settings;
-    settings.useFile(file);
-    settings.registerDefaults({{u"Fps"_s, 25}});
-    QStringList seen, other;
-    auto token = settings.observeKey(u"Fps"_s, [&](Observable *, const QString &k, Observable::Change c) {
-        seen << describe(k, c) + u' ' + settings.stringValue(k);
-    });
-    auto otherToken =
-        settings.observeKey(u"Other"_s, [&](Observable *, const QString &k, auto c) { other << describe(k, c); });
-
-    settings.setValue(u"Fps"_s, 24);
-    settings.remove(u"Fps"_s);
-
-    EXPECT_EQ(seen, (QStringList{u"Fps will 25"_s, u"Fps did 24"_s, u"Fps will 24"_s, u"Fps did 25"_s}));
-    EXPECT_TRUE(other.isEmpty());
 }

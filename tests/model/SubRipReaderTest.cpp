@@ -9,141 +9,92 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-struct Read
+// A fixture file of tests/data/model (name ending in ".srt") or an inline text, with the
+// cues it reads as ("<start> <end>[ forced] | <text>", exact shortest times) and its log.
+struct ReaderCase
 {
-    std::optional<SubtitleList> cues;
+    QString input;
+    QStringList cues;
     QStringList log;
-
-    // One line per cue: "<start> <end>[ forced] | <text>", times as exact shortest numbers.
-    QStringList summary() const
-    {
-        QStringList out;
-        for (const SubtitlePtr &cue : cues.value_or(SubtitleList{})) {
-            out << QString::number(cue->start(), 'g', QLocale::FloatingPointShortest) + u' ' +
-                       QString::number(cue->end(), 'g', QLocale::FloatingPointShortest) +
-                       (cue->forced() ? u" forced"_s : QString()) + u" | "_s + cue->string();
-        }
-        return out;
-    }
 };
 
-Read readText(const QString &text)
+void PrintTo(const ReaderCase &c, std::ostream *os)
 {
-    LogCapture capture;
-    Read read{VHSubtitle::subtitlesFromSubRipString(text), {}};
-    read.log = capture.lines();
-    return read;
+    *os << c.input.left(40).toStdString();
 }
 
-Read readFixture(const QString &name)
+QStringList readAndLog(const ReaderCase &c, QStringList *log)
 {
-    return readText(QString::fromUtf8(fixtureBytes(u"model"_s, name)));
+    const QString text = c.input.endsWith(u".srt"_s) ? QString::fromUtf8(fixtureBytes(u"model"_s, c.input)) : c.input;
+    LogCapture capture;
+    const std::optional<SubtitleList> cues = VHSubtitle::subtitlesFromSubRipString(text);
+    *log = capture.lines();
+    if (!cues)
+        return {u"none"_s};
+    QStringList out;
+    for (const SubtitlePtr &cue : *cues)
+        out << QString::number(cue->start(), 'g', QLocale::FloatingPointShortest) + u' ' +
+                   QString::number(cue->end(), 'g', QLocale::FloatingPointShortest) +
+                   (cue->forced() ? u" forced"_s : QString()) + u" | "_s + cue->string();
+    return out;
+}
+
+class SubRipReader : public ::testing::TestWithParam<ReaderCase>
+{
+};
+
+std::string caseName(const ::testing::TestParamInfo<ReaderCase> &info)
+{
+    const QString &input = info.param.input;
+    if (input.endsWith(u".srt"_s))
+        return input.chopped(4).toStdString();
+    return "inline_text_" + std::to_string(info.index);
 }
 } // namespace
 
-// Irregular files that are logged and accepted.
-
-TEST(SubRipReaderLenient, CuesWithoutNumbersReadCompletely)
+TEST_P(SubRipReader, ReadsTheCuesAndLogsTheWarnings)
 {
-    const Read read = readFixture(u"no_numbers.srt"_s);
-    EXPECT_EQ(read.summary(), (QStringList{u"1 2 | First"_s, u"3 4 | Second"_s}));
-    EXPECT_TRUE(read.log.isEmpty());
+    QStringList log;
+    EXPECT_EQ(readAndLog(GetParam(), &log), GetParam().cues);
+    EXPECT_EQ(log, GetParam().log);
 }
 
-TEST(SubRipReaderLenient, NumbersOutOfOrderAreReportedAndFileOrderKept)
-{
-    const Read read = readFixture(u"numbers_out_of_order.srt"_s);
-    EXPECT_EQ(read.summary(), (QStringList{u"1 2 | One"_s, u"3 4 | Two"_s}));
-    EXPECT_EQ(read.log, (QStringList{u"Parsing Warning: Line 2 followed line 0"_s,
-                                     u"Parsing Warning: Line 1 followed line 2"_s}));
-}
+// Irregular texts that are logged and accepted.
+INSTANTIATE_TEST_SUITE_P(Lenient, SubRipReader, ::testing::Values(
+    ReaderCase{u"no_numbers.srt"_s, {u"1 2 | First"_s, u"3 4 | Second"_s}, {}},
+    ReaderCase{u"numbers_out_of_order.srt"_s, {u"1 2 | One"_s, u"3 4 | Two"_s},
+               {u"Parsing Warning: Line 2 followed line 0"_s, u"Parsing Warning: Line 1 followed line 2"_s}},
+    ReaderCase{u"My Movie\n00:00:01,000 --> 00:00:02,000\nHi\n"_s, {u"1 2 | Hi"_s},
+               {u"Parsing Warning: Line 0 followed line 0"_s}},
+    ReaderCase{u"mixed_decimal_symbols.srt"_s, {u"1.5 2.75 | Mixed"_s}, {}},
+    ReaderCase{u"reversed_and_overlapping_times.srt"_s, {u"5 4 | Backwards"_s, u"3 6 | Overlaps"_s},
+               {u"Parsing Warning: Line '00:00:05,000 --> 00:00:04,000' ends 00:00:04,000 before it starts "
+                "00:00:05,000"_s,
+                u"Parsing Warning: Line '00:00:03,000 --> 00:00:06,000' starts 00:00:03,000 before last end "
+                "00:00:04,000"_s}},
+    // The warning comes from the sixth line on, and the count starts again with each cue.
+    ReaderCase{u"seven_text_lines.srt"_s,
+               {u"1 2 | one\ntwo\nthree\nfour\nfive\nsix\nseven"_s, u"3 4 | 1\n2\n3\n4\n5"_s},
+               {u"Parsing Warning: More then 4 Lines in one subtitle (six)"_s,
+                u"Parsing Warning: More then 4 Lines in one subtitle (seven)"_s}},
+    ReaderCase{u"forced_last_cue.srt"_s,
+               {u"1 2 forced | Forced middle"_s, u"3 4 | Plain"_s, u"5 6 | Forced last"_s}, {}},
+    ReaderCase{u"carriage_return_only.srt"_s, {u"1 2.5 | Indented"_s, u"3 4 | Two\nlines"_s}, {}},
+    ReaderCase{u"1\r\n00:00:01,000 --> 00:00:02,500\r\n   Indented\t\r\n\r\n"_s, {u"1 2.5 | Indented"_s}, {}},
+    ReaderCase{u"arrow_inside_text.srt"_s, {u"1 2 | a --> b\nc --> d"_s, u"3 4 | next"_s}, {}},
+    ReaderCase{u"text_after_blank_inside_cue.srt"_s, {u"1 2 | first\nabc"_s, u"3 4 | second"_s}, {}},
+    // A cue without text is kept, unless it is the last.
+    ReaderCase{u"00:00:01,000 --> 00:00:02,000\n\n00:00:03,000 --> 00:00:04,000\nx\n\n"
+               "00:00:05,000 --> 00:00:06,000\n\n"_s, {u"1 2 | "_s, u"3 4 | x"_s}, {}}),
+    caseName);
 
-TEST(SubRipReaderLenient, StrayFirstLineCountsAsANumber)
-{
-    const Read read = readText(u"My Movie\n00:00:01,000 --> 00:00:02,000\nHi\n"_s);
-    EXPECT_EQ(read.summary(), QStringList{u"1 2 | Hi"_s});
-    EXPECT_EQ(read.log, QStringList{u"Parsing Warning: Line 0 followed line 0"_s});
-}
-
-TEST(SubRipReaderLenient, EitherDecimalSymbolIsAcceptedInTimeLines)
-{
-    const Read read = readFixture(u"mixed_decimal_symbols.srt"_s);
-    EXPECT_EQ(read.summary(), QStringList{u"1.5 2.75 | Mixed"_s});
-    EXPECT_TRUE(read.log.isEmpty());
-}
-
-TEST(SubRipReaderLenient, ReversedAndOverlappingTimesAreKeptAsRead)
-{
-    const Read read = readFixture(u"reversed_and_overlapping_times.srt"_s);
-    EXPECT_EQ(read.summary(), (QStringList{u"5 4 | Backwards"_s, u"3 6 | Overlaps"_s}));
-    EXPECT_EQ(read.log,
-              (QStringList{u"Parsing Warning: Line '00:00:05,000 --> 00:00:04,000' ends 00:00:04,000 before it "
-                           "starts 00:00:05,000"_s,
-                           u"Parsing Warning: Line '00:00:03,000 --> 00:00:06,000' starts 00:00:03,000 before "
-                           "last end 00:00:04,000"_s}));
-}
-
-TEST(SubRipReaderLenient, LongCuesWarnFromTheirSixthLine)
-{
-    const Read read = readFixture(u"seven_text_lines.srt"_s);
-    EXPECT_EQ(read.summary(), (QStringList{u"1 2 | one\ntwo\nthree\nfour\nfive\nsix\nseven"_s,
-                                           u"3 4 | 1\n2\n3\n4\n5"_s}));
-    EXPECT_EQ(read.log, (QStringList{u"Parsing Warning: More then 4 Lines in one subtitle (six)"_s,
-                                     u"Parsing Warning: More then 4 Lines in one subtitle (seven)"_s}));
-}
-
-TEST(SubRipReaderLenient, ForcedMarkerIsKeptExceptOnTheLastCue)
-{
-    const Read read = readFixture(u"forced_last_cue.srt"_s);
-    EXPECT_EQ(read.summary(),
-              (QStringList{u"1 2 forced | Forced middle"_s, u"3 4 | Plain"_s, u"5 6 | Forced last"_s}));
-}
-
-TEST(SubRipReaderLenient, AnyLineEndingReadsAlike)
-{
-    const QByteArray crOnly = fixtureBytes(u"model"_s, u"carriage_return_only.srt"_s);
-    const QStringList expected{u"1 2.5 | Indented"_s, u"3 4 | Two\nlines"_s};
-    EXPECT_EQ(readText(QString::fromUtf8(crOnly)).summary(), expected);
-    EXPECT_EQ(readText(QString::fromUtf8(QByteArray(crOnly).replace('\r', "\r\n"))).summary(), expected);
-    EXPECT_EQ(readText(QString::fromUtf8(QByteArray(crOnly).replace('\r', '\n'))).summary(), expected);
-}
-
-TEST(SubRipReaderLenient, TextLinesMayHoldArrowsAndFollowABlankLine)
-{
-    const Read arrows = readFixture(u"arrow_inside_text.srt"_s);
-    EXPECT_EQ(arrows.summary(), (QStringList{u"1 2 | a --> b\nc --> d"_s, u"3 4 | next"_s}));
-    EXPECT_TRUE(arrows.log.isEmpty());
-
-    const Read blank = readFixture(u"text_after_blank_inside_cue.srt"_s);
-    EXPECT_EQ(blank.summary(), (QStringList{u"1 2 | first\nabc"_s, u"3 4 | second"_s}));
-    EXPECT_TRUE(blank.log.isEmpty());
-}
-
-TEST(SubRipReaderLenient, CueWithoutTextIsKeptUnlessItIsTheLast)
-{
-    const Read read = readText(u"00:00:01,000 --> 00:00:02,000\n\n00:00:03,000 --> 00:00:04,000\nx\n\n"
-                               "00:00:05,000 --> 00:00:06,000\n\n"_s);
-    EXPECT_EQ(read.summary(), (QStringList{u"1 2 | "_s, u"3 4 | x"_s}));
-}
-
-// Texts the reader gives up on.
-
-TEST(SubRipReaderRejecting, UnplaceableLineRejectsTheWholeFile)
-{
-    const Read afterNumber = readFixture(u"unplaceable_line_after_number.srt"_s);
-    EXPECT_FALSE(afterNumber.cues.has_value());
-    EXPECT_EQ(afterNumber.log, QStringList{u"Warning: Parsing SRT fails in line (6) 'abc'"_s});
-
-    const Read afterBlank = readText(u"1\n\n   abc  \n00:00:01,000 --> 00:00:02,000\nx\n"_s);
-    EXPECT_FALSE(afterBlank.cues.has_value());
-    EXPECT_EQ(afterBlank.log, QStringList{u"Warning: Parsing SRT fails in line (3) 'abc'"_s});
-}
-
-TEST(SubRipReaderRejecting, TextWithoutCuesGivesNoneSilently)
-{
-    for (const QString &text : {QString(), u"\n \r\n\t\n\n"_s, u"1\n00:00:01,000 --> 00:00:02,000\n"_s}) {
-        const Read read = readText(text);
-        EXPECT_FALSE(read.cues.has_value()) << read.summary().join(u'/').toStdString();
-        EXPECT_TRUE(read.log.isEmpty());
-    }
-}
+// Texts the reader gives up on, also the cues it had read.
+INSTANTIATE_TEST_SUITE_P(Rejecting, SubRipReader, ::testing::Values(
+    ReaderCase{u"unplaceable_line_after_number.srt"_s, {u"none"_s},
+               {u"Warning: Parsing SRT fails in line (6) 'abc'"_s}},
+    ReaderCase{u"1\n\n   abc  \n00:00:01,000 --> 00:00:02,000\nx\n"_s, {u"none"_s},
+               {u"Warning: Parsing SRT fails in line (3) 'abc'"_s}},
+    ReaderCase{QString(), {u"none"_s}, {}},
+    ReaderCase{u"\n \r\n\t\n\n"_s, {u"none"_s}, {}},
+    ReaderCase{u"1\n00:00:01,000 --> 00:00:02,000\n"_s, {u"none"_s}, {}}),
+    caseName);
