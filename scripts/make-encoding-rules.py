@@ -64,6 +64,13 @@ ENCODINGS = {
     "cp949": (0x80000422, None),
 }
 
+# Rules files are tried in the order of their names, and a tie goes to the first: the
+# names begin with a rank, most frequent code pages of subtitle files first.
+RANK = {"cp1252": 10, "latin1": 11, "macroman": 12, "cp1250": 20, "latin2": 21, "cp1254": 30, "latin5": 31,
+        "cp1251": 40, "koi8-r": 41, "koi8-u": 42, "iso8859-5": 43, "cp866": 44, "maccyrillic": 45,
+        "cp1253": 50, "iso8859-7": 51, "cp1255": 60, "iso8859-8": 61, "cp1256": 70, "gb18030": 80,
+        "cp950": 81, "shiftjis": 82, "eucjp": 83, "cp949": 84}
+
 WESTERN = ["cp1252", "latin1", "macroman"]
 CENTRAL = ["cp1250", "latin2"]
 
@@ -134,7 +141,7 @@ ALPHABETIC = {
     "Ukrainian": ("uk", ["cp1251", "koi8-u"], UKRAINIAN, "«»„“”–—…№‘’ʼ"),
     "Bulgarian": ("bg", ["cp1251"], BULGARIAN, "«»„“”–—…№‘’"),
     "Serbian": ("sr", ["cp1251"], SERBIAN, "«»„“”–—…№‘’"),
-    "Greek": ("el", ["cp1253", "iso8859-7"], GREEK, "«»“”‘’–—…΄·;"),
+    "Greek": ("el", ["cp1253", "iso8859-7"], GREEK, "«»“”–—…΄·;"),
     "Hebrew": ("he", ["cp1255", "iso8859-8"], HEBREW, "“”‘’–—…״׳\u200f\u200e"),
     "Arabic": ("ar", ["cp1256"], ARABIC, "،؛؟«»“”–—…ـ\u200f\u200e"),
 }
@@ -184,6 +191,8 @@ def bad_weight(c, script):
 
 
 def write_rules(filename, name, locale, number, good, bad, comment):
+    tag = filename[:-len(".encoding")].split("-", 1)[1]
+    filename = f"{RANK[tag]}-{filename}"
     for c in list(bad):
         if c in good:
             del bad[c]
@@ -205,7 +214,9 @@ def neutral(ascii_letter_weight):
 
 
 def control_bad():
-    return {chr(i): 3.0 for i in range(32) if chr(i) not in "\t\n\r"} | {"\x7f": 3.0}
+    """C0 and C1 controls: ICU decodes the unassigned bytes of the Windows code pages to C1."""
+    controls = [chr(i) for i in range(32) if chr(i) not in "\t\n\r"] + [chr(i) for i in range(0x7f, 0xa0)]
+    return {c: 3.0 for c in controls}
 
 
 def latin_files():
@@ -215,13 +226,17 @@ def latin_files():
             good = neutral(1.0)
             for c in LATIN_TYPOGRAPHY:
                 good[c] = 1.0
+            # A letter two languages share weighs about the same in both, so that a text is
+            # not taken for the language where the letter is more frequent: the letters that the
+            # other decoding turns into other languages' letters or symbols decide. Frequent
+            # letters weigh a little more, rare ones less, and letters rarer than 1 in 5,000
+            # count as neither good nor bad. Capitals all weigh 1.
             for c, share in specials.items():
-                good[c] = 1.25 + 0.5 * min(share, 4)
-                upper = c.upper()
-                if len(upper) == 1 and upper != c:
-                    good[upper] = 1.25 + 0.125 * min(share, 4)
+                good[c] = 2.0 if share >= 0.5 else 1.875 if share >= 0.15 else 1.25 if share >= 0.02 else 0
+                if len(c.upper()) == 1 and c.upper() != c:
+                    good[c.upper()] = 1.0 if share >= 0.02 else 0
             if language == "Turkish":
-                good["İ"] = 1.5
+                good["İ"] = 1.0
             bad = control_bad()
             for c in byte_chars(codec):
                 if (ord(c) >= 0x80 or c in bad) and c not in good:
@@ -238,6 +253,9 @@ def alphabetic_files():
             good = neutral(0.25)
             for c in punctuation:
                 good[c] = 1.0
+            if language == "Greek":
+                # Elision marks; 8859-7 has them where code page 1253 has capital alpha with tonos.
+                good["‘"] = good["’"] = 0.75
             for c, share in letters.items():
                 good[c] = 0.75 + 0.25 * share
                 upper = c.upper()

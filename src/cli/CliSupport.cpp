@@ -26,6 +26,23 @@ int usageError(const QCommandLineParser &parser, const QString &message)
     return ExitUsage;
 }
 
+int parseCommandLine(QCommandLineParser &parser, const QStringList &args, const QString &description,
+                     const QString &positionals)
+{
+    parser.setApplicationDescription(description);
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s}, u"Show this help."_s);
+    parser.addOption(help);
+    parser.addPositionalArgument(positionals, QString());
+    if (!parser.parse(args))
+        return usageError(parser, parser.errorText());
+    if (parser.isSet(help)) {
+        std::fputs(qPrintable(parser.helpText()), stdout);
+        return ExitOk;
+    }
+    return -1;
+}
+
 std::optional<double> doubleOption(const QCommandLineParser &parser, const QString &name, bool *ok)
 {
     if (!parser.isSet(name))

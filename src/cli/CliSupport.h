@@ -20,6 +20,11 @@ void printOut(const QByteArray &bytes);
 // A usage error: prints the message and the subcommand's help, returns ExitUsage.
 int usageError(const QCommandLineParser &parser, const QString &message);
 
+// Parses `args` for a subcommand, answering --help itself. Returns -1 to go on, else the
+// exit status.
+int parseCommandLine(QCommandLineParser &parser, const QStringList &args, const QString &description,
+                     const QString &positionals);
+
 // Parses a number option; reports a usage error through `ok` when it is not one.
 std::optional<double> doubleOption(const QCommandLineParser &parser, const QString &name, bool *ok);
 

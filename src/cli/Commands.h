@@ -6,3 +6,5 @@
 // status.
 int runDump(const QStringList &args);
 int runConvert(const QStringList &args);
+int runEncodings(const QStringList &args);
+int runDetectEncoding(const QStringList &args);

@@ -5,31 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-// Parses `args`, answering --help itself. Returns -1 to go on, else the exit status.
-int parseArguments(QCommandLineParser &parser, const QStringList &args, const QString &description,
-                   const QString &positionals)
-{
-    parser.setApplicationDescription(description);
-    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    const QCommandLineOption help(QStringList{u"h"_s, u"help"_s}, u"Show this help."_s);
-    parser.addOption(help);
-    parser.addPositionalArgument(positionals, QString());
-    if (!parser.parse(args))
-        return usageError(parser, parser.errorText());
-    if (parser.isSet(help)) {
-        std::fputs(qPrintable(parser.helpText()), stdout);
-        return ExitOk;
-    }
-    return -1;
-}
-} // namespace
-
 int runDump(const QStringList &args)
 {
     QCommandLineParser parser;
     addReadOptions(parser);
-    if (int status = parseArguments(parser, args,
+    if (int status = parseCommandLine(parser, args,
                                     u"Prints the cues of a subtitle file as one JSON array."_s, u"FILE"_s);
         status >= 0)
         return status;
@@ -71,7 +51,7 @@ int runConvert(const QStringList &args)
     QCommandLineParser parser;
     addReadOptions(parser);
     parser.addOption({u"windows-line-breaks"_s, u"End lines with carriage return and line feed."_s});
-    if (int status = parseArguments(parser, args, u"Reads a subtitle file and writes it as SubRip."_s,
+    if (int status = parseCommandLine(parser, args, u"Reads a subtitle file and writes it as SubRip."_s,
                                     u"IN OUT"_s);
         status >= 0)
         return status;

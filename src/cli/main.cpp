@@ -17,6 +17,9 @@ const char kUsage[] =
     "Commands:\n"
     "  dump FILE          Print the cues of a subtitle file as JSON.\n"
     "  convert IN OUT     Read a subtitle file and write it as SubRip.\n"
+    "  encodings          List the text encodings offered, with their numbers.\n"
+    "  detect-encoding FILE\n"
+    "                     Find the text encoding of a file by the language rules.\n"
     "\n"
     "Run 'captora-cli COMMAND --help' for the options of a command.\n"
     "Options: --help, --version\n";
@@ -50,6 +53,10 @@ int main(int argc, char *argv[])
         return runDump(args);
     if (command == u"convert"_s)
         return runConvert(args);
+    if (command == u"encodings"_s)
+        return runEncodings(args);
+    if (command == u"detect-encoding"_s)
+        return runDetectEncoding(args);
     std::fprintf(stderr, "Unknown command '%s'.\n\n%s", qPrintable(command), kUsage);
     return ExitUsage;
 }

@@ -86,6 +86,7 @@ std::unique_ptr<VHEncodingTester> VHEncodingTester::encodingTesterFromData(const
         return nullptr;
     }
     std::unique_ptr<VHEncodingTester> tester(new VHEncodingTester);
+    tester->m_path = path;
     tester->parse(rules);
     return tester;
 }

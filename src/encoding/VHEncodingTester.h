@@ -36,6 +36,8 @@ public:
     // The score of a text already decoded.
     double scoreText(QStringView text) const;
 
+    // The rules file it was read from.
+    const QString &path() const { return m_path; }
     const QString &name() const { return m_name; }
     const QString &locale() const { return m_locale; }
     double goodFactor() const { return m_goodFactor; }
@@ -54,6 +56,7 @@ private:
     void logBadCharacters(QStringView text, qint64 occurrences) const;
     void logBadBytes(const QByteArray &bytes, const std::array<char16_t, 256> &units) const;
 
+    QString m_path;
     QString m_name;
     QString m_locale;
     double m_goodFactor = 1.0;
