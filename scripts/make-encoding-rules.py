@@ -411,8 +411,7 @@ def east_asian_files():
     # Korean, code page 949 (and so EUC-KR files, read alike).
     euc_kr = can_encode("euc_kr")
     syllables = list(dict.fromkeys(list(KOREAN_COMMON) + ranked(korean_counts(), euc_kr)))
-    good = neutral(0.5) | {c: 0.25 for c in chars_in(0xAC00, 0xD7A3)}
-    good |= {c: 0.75 for c in syllables}
+    good = neutral(0.5) | {c: 0.75 for c in syllables}
     good |= tiered(syllables, [(len(set(KOREAN_COMMON)), 3.0), (400, 2.25), (1000, 1.5)])
     for c in chars_in(0x3131, 0x318E):
         good[c] = 1.0

@@ -13,12 +13,16 @@ using namespace Qt::StringLiterals;
 namespace {
 QString encodingLabel(EncodingId encoding)
 {
-    return u"%1 (%2)"_s.arg(VHEncoding::nameForEncoding(encoding), QString::number(encoding));
+    return u"%1 (%2)"_s.arg(TextCodec::displayName(encoding), QString::number(encoding));
 }
 
+// Up to three decimals, without trailing zeros: scores are sums of weights like 1.875.
 QString number(double value)
 {
-    return QLocale::c().toString(value, 'g', QLocale::FloatingPointShortest);
+    QString text = QLocale::c().toString(value, 'f', 3);
+    while (text.contains(u'.') && (text.endsWith(u'0') || text.endsWith(u'.')))
+        text.chop(1);
+    return text;
 }
 } // namespace
 

@@ -22,16 +22,6 @@ bool failWith(QString *error, const QString &reason)
     return false;
 }
 
-QString displayName(EncodingId encoding)
-{
-    const QString name = VHEncoding::nameForEncoding(encoding);
-    if (name != u"unknown encoding"_s)
-        return name;
-    if (const EncodingInfo *info = encodingInfo(encoding))
-        return QString::fromLatin1(info->converter);
-    return QString::number(encoding);
-}
-
 QString unsupported(EncodingId encoding)
 {
     return u"The text encoding %1 is not supported."_s.arg(encoding);
@@ -187,7 +177,7 @@ bool decodeLibrary(const EncodingInfo &info, const QByteArray &bytes, QString *t
     if (result == Result::Unavailable)
         return failWith(error, unsupported(info.id));
     if (result == Result::Invalid)
-        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(displayName(info.id)));
+        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(info.id)));
     return true;
 }
 
@@ -201,10 +191,20 @@ bool encodeLibrary(const EncodingInfo &info, const char *converter, QStringView 
         return failWith(error, unsupported(info.id));
     if (result == Result::Invalid)
         return failWith(error, u"The text has characters that the encoding '%1' cannot represent."_s.arg(
-                                   displayName(info.id)));
+                                   TextCodec::displayName(info.id)));
     return true;
 }
 } // namespace
+
+QString TextCodec::displayName(EncodingId encoding)
+{
+    const QString name = VHEncoding::nameForEncoding(encoding);
+    if (name != u"unknown encoding"_s)
+        return name;
+    if (const EncodingInfo *info = encodingInfo(encoding))
+        return QString::fromLatin1(info->converter);
+    return QString::number(encoding);
+}
 
 bool TextCodec::isSupported(EncodingId encoding)
 {
@@ -259,7 +259,7 @@ bool TextCodec::decode(const QByteArray &bytes, EncodingId encoding, QString *te
     case ConverterKind::NonLossyAscii:
         if (decodeNonLossyAscii(bytes, text))
             return true;
-        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(displayName(encoding)));
+        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(encoding)));
     case ConverterKind::Utf16WithMark:
     case ConverterKind::Utf32WithMark: {
         QByteArray body = bytes;
@@ -273,7 +273,7 @@ bool TextCodec::decode(const QByteArray &bytes, EncodingId encoding, QString *te
             if (decodeWithTable(bytes, *table, text))
                 return true;
             return failWith(error,
-                            u"The text is not valid in the encoding '%1'."_s.arg(displayName(encoding)));
+                            u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(encoding)));
         }
         if (info->kind == ConverterKind::OwnTable)
             return failWith(error, unsupported(encoding));
@@ -294,7 +294,7 @@ bool TextCodec::encode(const QString &text, EncodingId encoding, QByteArray *byt
     case ConverterKind::Utf8:
         if (encodeStrictUtf8(text, bytes))
             return true;
-        return failWith(error, cannot.arg(displayName(encoding)));
+        return failWith(error, cannot.arg(TextCodec::displayName(encoding)));
     case ConverterKind::NonLossyAscii:
         *bytes = encodeNonLossyAscii(text);
         return true;
@@ -311,7 +311,7 @@ bool TextCodec::encode(const QString &text, EncodingId encoding, QByteArray *byt
         if (const ByteTable *table = singleByteTable(encoding)) {
             if (encodeWithTable(text, *table, bytes))
                 return true;
-            return failWith(error, cannot.arg(displayName(encoding)));
+            return failWith(error, cannot.arg(TextCodec::displayName(encoding)));
         }
         return failWith(error, unsupported(encoding));
     case ConverterKind::Icu:

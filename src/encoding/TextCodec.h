@@ -19,6 +19,8 @@ class TextCodec
 {
 public:
     static bool isSupported(EncodingId encoding);
+    // The catalogue name of the encoding, else its converter's name ("KOI8-R"), else its number.
+    static QString displayName(EncodingId encoding);
 
     static bool decode(const QByteArray &bytes, EncodingId encoding, QString *text, QString *error = nullptr);
     static bool encode(const QString &text, EncodingId encoding, QByteArray *bytes, QString *error = nullptr);

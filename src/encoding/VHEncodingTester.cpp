@@ -5,11 +5,11 @@
 #include "TextCodec.h"
 
 #include <QFile>
-#include <QLocale>
 #include <QLoggingCategory>
 #include <QStringTokenizer>
 
 #include <algorithm>
+#include <charconv>
 
 using namespace Qt::StringLiterals;
 
@@ -49,7 +49,15 @@ double leadingDouble(QStringView text)
         if (digits() > 0)
             end = i;
     }
-    return QLocale::c().toDouble(text.sliced(start, end - start));
+    // The characters are ASCII here; std::from_chars reads them without any locale.
+    char ascii[64];
+    const qsizetype length = std::min<qsizetype>(end - start, sizeof ascii);
+    for (qsizetype k = 0; k < length; ++k)
+        ascii[k] = char(text[start + k].unicode());
+    const char *first = ascii[0] == '+' ? ascii + 1 : ascii;
+    double value = 0;
+    std::from_chars(first, ascii + length, value);
+    return value;
 }
 
 // The run of decimal digits at the start of `text`, 0 when there is none; a value beyond
@@ -95,6 +103,9 @@ void VHEncodingTester::parse(QStringView rules)
 {
     enum class Section { None, Good, Bad };
     Section section = Section::None;
+    const qsizetype lines = rules.count(u'\n');
+    m_good.reserve(lines);
+    m_bad.reserve(lines / 2);
     for (const QStringView line : QStringTokenizer(rules, u'\n')) {
         if (line.trimmed().isEmpty())
             continue;

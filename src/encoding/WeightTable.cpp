@@ -43,31 +43,36 @@ WeightTable::Entry &WeightTable::slot(char16_t unit)
 
 void WeightTable::chooseScale()
 {
-    for (int bits = 0; bits <= kMaxScaleBits; ++bits) {
-        const double scale = std::ldexp(1.0, bits);
-        bool fits = true;
-        double maxAbs = 0;
-        for (const auto &page : m_owned) {
-            for (const Entry &entry : page->entries) {
-                for (const double weight : {entry.good, entry.bad}) {
-                    const double scaled = weight * scale;
-                    if (!std::isfinite(scaled) || std::abs(scaled) >= kMaxScaledWeight)
-                        return; // too large at this scale, and larger at finer ones
-                    if (scaled != std::trunc(scaled))
-                        fits = false;
-                    maxAbs = std::max(maxAbs, std::abs(scaled));
+    // The finest power of two any weight needs, and the largest weight.
+    int bits = 0;
+    double maxAbs = 0;
+    for (const auto &page : m_owned) {
+        for (const Entry &entry : page->entries) {
+            for (const double weight : {entry.good, entry.bad}) {
+                if (weight == 0)
+                    continue;
+                if (!std::isfinite(weight))
+                    return;
+                int exponent = 0;
+                double mantissa = std::frexp(weight, &exponent); // weight = mantissa * 2^exponent
+                int mantissaBits = 0;
+                while (mantissa != std::trunc(mantissa) && mantissaBits <= 53) {
+                    mantissa *= 2;
+                    ++mantissaBits;
                 }
+                bits = std::max(bits, mantissaBits - exponent);
+                maxAbs = std::max(maxAbs, std::abs(weight));
             }
         }
-        if (!fits)
-            continue;
-        m_scaleBits = bits;
-        m_maxAbsScaled = maxAbs;
-        for (const auto &page : m_owned) {
-            for (Entry &entry : page->entries)
-                entry.scaledNet = qint64(entry.good * scale) - qint64(entry.bad * scale);
-        }
+    }
+    if (bits > kMaxScaleBits || std::ldexp(maxAbs, std::max(bits, 0)) >= kMaxScaledWeight)
         return;
+    m_scaleBits = std::max(bits, 0);
+    const double scale = std::ldexp(1.0, m_scaleBits);
+    m_maxAbsScaled = maxAbs * scale;
+    for (const auto &page : m_owned) {
+        for (Entry &entry : page->entries)
+            entry.scaledNet = qint64(entry.good * scale) - qint64(entry.bad * scale);
     }
 }
 

@@ -204,9 +204,7 @@ TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
 
     for (const auto &[encoding, tally] : byEncoding) {
         std::printf("  %-28s %3d / %3d right (%5.1f%%)\n",
-                    qPrintable(VHEncoding::nameForEncoding(encoding) == u"unknown encoding"_s
-                                   ? u"encoding 0x"_s + QString::number(encoding, 16)
-                                   : VHEncoding::nameForEncoding(encoding)),
+                    qPrintable(TextCodec::displayName(encoding)),
                     tally.right, tally.total, 100.0 * tally.right / tally.total);
     }
     std::printf("  %-28s %3d / %3d right (%5.1f%%)\n", "all", right, total, 100.0 * right / total);
