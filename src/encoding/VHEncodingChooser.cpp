@@ -35,8 +35,13 @@ void VHEncodingChooser::addEncodingTester(std::unique_ptr<VHEncodingTester> test
 
 VHEncodingChooser::Choice VHEncodingChooser::choose(const QString &path, double ratio) const
 {
-    Choice choice;
     DecodedFile file = DecodedFile::read(path);
+    return choose(file, ratio);
+}
+
+VHEncodingChooser::Choice VHEncodingChooser::choose(DecodedFile &file, double ratio) const
+{
+    Choice choice;
     choice.best = bestTester(file, &choice.bestScore, &choice.scores);
 
     // Without a best tester the encoding is 0, which decodes nothing.
@@ -49,7 +54,7 @@ VHEncodingChooser::Choice VHEncodingChooser::choose(const QString &path, double 
     }
     choice.accepted = choice.text && choice.bestScore > double(choice.length) * ratio;
     if (!choice.accepted && !choice.error)
-        choice.error = FileReadError::inapplicableEncoding(path, encoding);
+        choice.error = FileReadError::inapplicableEncoding(file.path(), encoding);
     return choice;
 }
 

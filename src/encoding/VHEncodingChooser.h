@@ -39,6 +39,8 @@ public:
         std::optional<FileReadError> error;       // set when not accepted
     };
     Choice choose(const QString &path, double ratio) const;
+    // The same for a file already read.
+    Choice choose(DecodedFile &file, double ratio) const;
 
     // The decoded text, or none with the reason in `error` (when given): the decoding's own
     // error, else code 261 with the path and the best tester's encoding.
