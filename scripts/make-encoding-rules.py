@@ -54,7 +54,10 @@ ENCODINGS = {
     "koi8-u": (0x80000A08, "koi8_u"),
     "cp1253": (13, "cp1253"),
     "iso8859-7": (0x80000207, "iso8859_7"),
+    "cp737": (0x80000405, "cp737"),
+    "macgreek": (0x80000006, "mac_greek"),
     "cp1255": (0x80000505, "cp1255"),
+    "cp862": (0x80000417, "cp862"),
     "iso8859-8": (0x80000208, "iso8859_8"),
     "cp1256": (0x80000506, "cp1256"),
     "shiftjis": (8, None),
@@ -68,7 +71,7 @@ ENCODINGS = {
 # names begin with a rank, most frequent code pages of subtitle files first.
 RANK = {"cp1252": 10, "latin1": 11, "macroman": 12, "cp1250": 20, "latin2": 21, "cp1254": 30, "latin5": 31,
         "cp1251": 40, "koi8-r": 41, "koi8-u": 42, "iso8859-5": 43, "cp866": 44, "maccyrillic": 45,
-        "cp1253": 50, "iso8859-7": 51, "cp1255": 60, "iso8859-8": 61, "cp1256": 70, "gb18030": 80,
+        "cp1253": 50, "iso8859-7": 51, "cp737": 52, "macgreek": 53, "cp1255": 60, "iso8859-8": 61, "cp862": 62, "cp1256": 70, "gb18030": 80,
         "cp950": 81, "shiftjis": 82, "eucjp": 83, "cp949": 84}
 
 WESTERN = ["cp1252", "latin1", "macroman"]
@@ -141,8 +144,8 @@ ALPHABETIC = {
     "Ukrainian": ("uk", ["cp1251", "koi8-u"], UKRAINIAN, "«»„“”–—…№‘’ʼ"),
     "Bulgarian": ("bg", ["cp1251"], BULGARIAN, "«»„“”–—…№‘’"),
     "Serbian": ("sr", ["cp1251"], SERBIAN, "«»„“”–—…№‘’"),
-    "Greek": ("el", ["cp1253", "iso8859-7"], GREEK, "«»“”–—…΄·;"),
-    "Hebrew": ("he", ["cp1255", "iso8859-8"], HEBREW, "“”‘’–—…״׳\u200f\u200e"),
+    "Greek": ("el", ["cp1253", "iso8859-7", "cp737", "macgreek"], GREEK, "«»“”–—…΄·;"),
+    "Hebrew": ("he", ["cp1255", "iso8859-8", "cp862"], HEBREW, "“”‘’–—…״׳\u200f\u200e"),
     "Arabic": ("ar", ["cp1256"], ARABIC, "،؛؟«»“”–—…ـ\u200f\u200e"),
 }
 

@@ -178,47 +178,34 @@ double VHEncodingTester::score(DecodedFile &file) const
 {
     if (file.readError())
         return 0;
-    if (const TextCodec::ByteTable *units = TextCodec::singleByteTable(m_stringEncoding))
-        return scoreSingleByte(file, *units);
+    // A single-byte file is scored from its byte counts when the sum is exact in integers.
+    const TextCodec::ByteTable *units = TextCodec::singleByteTable(m_stringEncoding);
+    if (units && m_weights->isExactFor(file.bytes().size()))
+        return scoreByteCounts(file, *units);
     const QString *text = file.text(m_stringEncoding);
     return text ? scoreText(*text) : 0;
 }
 
-double VHEncodingTester::scoreSingleByte(DecodedFile &file, const std::array<char16_t, 256> &units) const
+double VHEncodingTester::scoreByteCounts(DecodedFile &file, const std::array<char16_t, 256> &units) const
 {
     const DecodedFile::ByteCounts &counts = file.byteCounts();
-    for (int b = 0; b < 256; ++b) {
-        if (counts[b] > 0 && units[b] == TextCodec::kNoUnit)
-            return 0; // not text in this encoding
-    }
-    const QByteArray &bytes = file.bytes();
+    qint64 sum = 0;
     qint64 badOccurrences = 0;
-    double score = 0;
-    if (m_weights->isExactFor(bytes.size())) {
-        qint64 sum = 0;
-        for (int b = 0; b < 256; ++b) {
-            if (counts[b] == 0)
-                continue;
-            const WeightTable::Entry &entry = m_weights->at(units[b]);
-            sum += counts[b] * entry.scaledNet;
-            if (entry.isBad)
-                badOccurrences += counts[b];
-        }
-        score = m_weights->unscale(sum);
-    } else {
-        double good = 0;
-        double bad = 0;
-        for (const char byte : bytes) {
-            const WeightTable::Entry &entry = m_weights->at(units[uchar(byte)]);
-            good += entry.good;
-            bad += entry.bad;
-            badOccurrences += entry.isBad;
-        }
-        score = good - bad;
+    for (int b = 0; b < 256; ++b) {
+        if (counts[b] == 0)
+            continue;
+        if (units[b] == TextCodec::kNoUnit)
+            return 0; // not text in this encoding
+        const WeightTable::Entry &entry = m_weights->at(units[b]);
+        sum += counts[b] * entry.scaledNet;
+        if (entry.isBad)
+            badOccurrences += counts[b];
     }
-    if (badOccurrences > 0 && lcBadCharacters().isInfoEnabled())
-        logBadBytes(bytes, units);
-    return score;
+    if (badOccurrences > 0 && lcBadCharacters().isInfoEnabled()) {
+        const QString *text = file.text(m_stringEncoding);
+        logBadCharacters(*text, badOccurrences);
+    }
+    return m_weights->unscale(sum);
 }
 
 double VHEncodingTester::scoreText(QStringView text) const
@@ -264,14 +251,6 @@ void VHEncodingTester::logBadCharacters(QStringView text, qint64 occurrences) co
         if (--occurrences == 0)
             break;
     }
-}
-
-void VHEncodingTester::logBadBytes(const QByteArray &bytes, const std::array<char16_t, 256> &units) const
-{
-    QString text(bytes.size(), Qt::Uninitialized);
-    std::transform(bytes.begin(), bytes.end(), reinterpret_cast<char16_t *>(text.data()),
-                   [&units](char byte) { return units[uchar(byte)]; });
-    logBadCharacters(text, bytes.size());
 }
 
 QString VHEncodingTester::description() const

@@ -52,9 +52,8 @@ public:
 private:
     VHEncodingTester() = default;
     void parse(QStringView rules);
-    double scoreSingleByte(DecodedFile &file, const std::array<char16_t, 256> &units) const;
+    double scoreByteCounts(DecodedFile &file, const std::array<char16_t, 256> &units) const;
     void logBadCharacters(QStringView text, qint64 occurrences) const;
-    void logBadBytes(const QByteArray &bytes, const std::array<char16_t, 256> &units) const;
 
     QString m_path;
     QString m_name;
