@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -171,4 +173,32 @@ TEST_F(ChooserTest, AFolderOfRulesSkipsFilesThatGiveNoTester)
     EXPECT_EQ(chooser.testers()[0]->name(), u"a"_s);
     EXPECT_EQ(chooser.testers()[1]->name(), u"b"_s);
     EXPECT_EQ(log.lines().size(), 1);
+}
+
+TEST_F(ChooserTest, WeightsTooLargeForIntegerSumsAreAddedAsDoubles)
+{
+    const auto huge = tester(u"nsstring: 12\ngood:\na\t3000000000.5\nbad:\nb\t1e300\n"_s);
+    LogCapture quiet;
+    EXPECT_EQ(huge->testFile(write("aaa")), 3000000000.5 * 3);
+    EXPECT_EQ(huge->testFile(write("ab")), 3000000000.5 - 1e300);
+    const auto infinite = tester(u"nsstring: 12\ngoodfactor: 1e308\ngood:\na\t1e10\n"_s);
+    EXPECT_TRUE(std::isinf(infinite->testFile(write("a"))));
+}
+
+TEST_F(ChooserTest, FilesThatCannotBeReadSayWhy)
+{
+    VHEncodingChooser chooser;
+    chooser.addEncodingTester(tester(u"name: w\nnsstring: 12\ngood:\na\t1\n"_s));
+    FileReadError error;
+    EXPECT_FALSE(chooser.contentOfFile(m_folder.path(), 0.6, &error));
+    EXPECT_EQ(error.code, FileReadError::UnknownReadError);
+    EXPECT_EQ(error.path, m_folder.path());
+    EXPECT_TRUE(error.description.contains(u"folder"_s)) << error.description.toStdString();
+
+    // Bytes the winner's encoding cannot read are the decoding's own error.
+    VHEncodingChooser greek;
+    greek.addEncodingTester(tester(u"name: g\nnsstring: 13\ngood:\na\t1\n"_s));
+    EXPECT_FALSE(greek.contentOfFile(write("aaa\xD2"), 0.6, &error));
+    EXPECT_EQ(error.code, 261);
+    EXPECT_EQ(error.encoding, 0u); // no tester could read it, so none won
 }
