@@ -196,9 +196,8 @@ double VHEncodingTester::scoreByteCounts(DecodedFile &file, const std::array<cha
             continue;
         if (units[b] == TextCodec::kNoUnit)
             return 0; // not text in this encoding
-        const WeightTable::Entry &entry = m_weights->at(units[b]);
-        sum += counts[b] * entry.scaledNet;
-        if (entry.isBad)
+        sum += counts[b] * m_weights->scaledNet(units[b]);
+        if (m_weights->isBad(units[b]))
             badOccurrences += counts[b];
     }
     if (badOccurrences > 0 && lcBadCharacters().isInfoEnabled()) {
@@ -215,19 +214,20 @@ double VHEncodingTester::scoreText(QStringView text) const
     if (m_weights->isExactFor(text.size())) {
         qint64 sum = 0;
         for (const QChar c : text) {
-            const WeightTable::Entry &entry = m_weights->at(c.unicode());
-            sum += entry.scaledNet;
-            badOccurrences += entry.isBad;
+            sum += m_weights->scaledNet(c.unicode());
+            badOccurrences += m_weights->isBad(c.unicode());
         }
         score = m_weights->unscale(sum);
     } else {
         double good = 0;
         double bad = 0;
         for (const QChar c : text) {
-            const WeightTable::Entry &entry = m_weights->at(c.unicode());
-            good += entry.good;
-            bad += entry.bad;
-            badOccurrences += entry.isBad;
+            double goodWeight = 0;
+            double badWeight = 0;
+            m_weights->weights(c.unicode(), &goodWeight, &badWeight);
+            good += goodWeight;
+            bad += badWeight;
+            badOccurrences += m_weights->isBad(c.unicode());
         }
         score = good - bad;
     }
@@ -241,7 +241,7 @@ void VHEncodingTester::logBadCharacters(QStringView text, qint64 occurrences) co
     QChar last;
     QString line;
     for (const QChar c : text) {
-        if (!m_weights->at(c.unicode()).isBad)
+        if (!m_weights->isBad(c.unicode()))
             continue;
         if (line.isEmpty() || c != last) {
             last = c;

@@ -8,73 +8,87 @@ constexpr int kMaxScaleBits = 30;
 constexpr double kMaxScaledWeight = 2147483648.0;
 // Every integer below 2^53 is a double.
 constexpr double kExactLimit = 9007199254740992.0;
-} // namespace
 
-const WeightTable::Page *WeightTable::emptyPage()
+// The number of binary digits after the point that `weight` needs, or -1 when it is not
+// finite.
+int fractionBits(double weight)
+{
+    if (!std::isfinite(weight))
+        return -1;
+    int exponent = 0;
+    double mantissa = std::frexp(weight, &exponent); // weight = mantissa * 2^exponent
+    int bits = 0;
+    while (mantissa != std::trunc(mantissa)) {
+        mantissa *= 2;
+        ++bits;
+    }
+    return std::max(bits - exponent, 0);
+}
+
+template<typename Page>
+const Page *emptyPage()
 {
     static const Page page{};
     return &page;
+}
+} // namespace
+
+template<typename Page>
+Page &WeightTable::slot(std::array<const Page *, 256> &pages, std::vector<std::unique_ptr<Page>> &owned,
+                        char16_t unit)
+{
+    const Page *&page = pages[unit >> 8];
+    if (page == emptyPage<Page>()) {
+        owned.push_back(std::make_unique<Page>());
+        page = owned.back().get();
+    }
+    // Only pages this table allocated are written; they are the ones in `owned`.
+    return *const_cast<Page *>(page);
 }
 
 WeightTable::WeightTable(const QHash<char16_t, double> &good, double goodFactor,
                          const QHash<char16_t, double> &bad, double badFactor)
 {
-    m_pages.fill(emptyPage());
+    m_exact.fill(emptyPage<ExactPage>());
+    m_double.fill(emptyPage<DoublePage>());
+    m_isBad.fill(emptyPage<BadPage>());
+    m_good.reserve(good.size());
     for (auto it = good.begin(); it != good.end(); ++it)
-        slot(it.key()).good = it.value() * goodFactor;
+        m_good.insert(it.key(), it.value() * goodFactor);
+    m_bad.reserve(bad.size());
     for (auto it = bad.begin(); it != bad.end(); ++it) {
-        Entry &entry = slot(it.key());
-        entry.bad = it.value() * badFactor;
-        entry.isBad = true;
+        m_bad.insert(it.key(), it.value() * badFactor);
+        slot(m_isBad, m_badPages, it.key()).set(it.key() & 0xFF);
     }
-    chooseScale();
-}
 
-WeightTable::Entry &WeightTable::slot(char16_t unit)
-{
-    const int pageIndex = unit >> 8;
-    if (m_pages[pageIndex] == emptyPage()) {
-        m_owned.push_back(std::make_unique<Page>());
-        m_pages[pageIndex] = m_owned.back().get();
-    }
-    // Only pages this table allocated are written; they are the ones in m_owned.
-    return const_cast<Page *>(m_pages[pageIndex])->entries[unit & 0xFF];
-}
-
-void WeightTable::chooseScale()
-{
     // The finest power of two any weight needs, and the largest weight.
     int bits = 0;
     double maxAbs = 0;
-    for (const auto &page : m_owned) {
-        for (const Entry &entry : page->entries) {
-            for (const double weight : {entry.good, entry.bad}) {
-                if (weight == 0)
-                    continue;
-                if (!std::isfinite(weight))
-                    return;
-                int exponent = 0;
-                double mantissa = std::frexp(weight, &exponent); // weight = mantissa * 2^exponent
-                int mantissaBits = 0;
-                while (mantissa != std::trunc(mantissa) && mantissaBits <= 53) {
-                    mantissa *= 2;
-                    ++mantissaBits;
-                }
-                bits = std::max(bits, mantissaBits - exponent);
-                maxAbs = std::max(maxAbs, std::abs(weight));
-            }
+    for (const QHash<char16_t, double> *weights : {&m_good, &m_bad}) {
+        for (const double weight : *weights) {
+            const int needed = fractionBits(weight);
+            bits = needed < 0 ? kMaxScaleBits + 1 : std::max(bits, needed);
+            maxAbs = std::max(maxAbs, std::abs(weight));
         }
     }
-    if (bits > kMaxScaleBits || std::ldexp(maxAbs, std::max(bits, 0)) >= kMaxScaledWeight)
+    if (bits <= kMaxScaleBits && std::ldexp(maxAbs, bits) < kMaxScaledWeight) {
+        m_scaleBits = bits;
+        m_maxAbsScaled = std::ldexp(maxAbs, bits);
+        for (auto it = m_good.cbegin(); it != m_good.cend(); ++it)
+            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] += qint64(std::ldexp(it.value(), bits));
+        for (auto it = m_bad.cbegin(); it != m_bad.cend(); ++it)
+            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] -= qint64(std::ldexp(it.value(), bits));
         return;
-    m_scaleBits = std::max(bits, 0);
-    const double scale = std::ldexp(1.0, m_scaleBits);
-    m_maxAbsScaled = maxAbs * scale;
-    for (const auto &page : m_owned) {
-        for (Entry &entry : page->entries)
-            entry.scaledNet = qint64(entry.good * scale) - qint64(entry.bad * scale);
     }
+    for (auto it = m_good.cbegin(); it != m_good.cend(); ++it)
+        slot(m_double, m_doublePages, it.key()).good[it.key() & 0xFF] = it.value();
+    for (auto it = m_bad.cbegin(); it != m_bad.cend(); ++it)
+        slot(m_double, m_doublePages, it.key()).bad[it.key() & 0xFF] = it.value();
+    m_good.clear();
+    m_bad.clear();
 }
+
+WeightTable::~WeightTable() = default;
 
 bool WeightTable::isExactFor(qsizetype length) const
 {
@@ -85,4 +99,17 @@ bool WeightTable::isExactFor(qsizetype length) const
 double WeightTable::unscale(qint64 scaledSum) const
 {
     return std::ldexp(double(scaledSum), -m_scaleBits);
+}
+
+void WeightTable::weights(char16_t unit, double *good, double *bad) const
+{
+    if (m_scaleBits < 0) {
+        const DoublePage &page = *m_double[unit >> 8];
+        *good = page.good[unit & 0xFF];
+        *bad = page.bad[unit & 0xFF];
+    } else {
+        // An exact table met a text too long for integer sums: rare enough for hash lookups.
+        *good = m_good.value(unit);
+        *bad = m_bad.value(unit);
+    }
 }
