@@ -51,10 +51,10 @@ void detect(benchmark::State &state)
     const Sample &sample = kSamples[state.range(0)];
     QByteArray bytes;
     // Characters, not bytes: double-byte text needs fewer for a megabyte.
-    const qsizetype characters = sample.encoding == Encodings::ShiftJIS || sample.encoding == Encodings::GB18030
-                                     ? 650000
-                                     : 1000000;
-    if (!TextCodec::encode(subRip(QString::fromLatin1(sample.language), characters), sample.encoding, &bytes)) {
+    const qsizetype characters =
+        sample.encoding == Encodings::ShiftJIS || sample.encoding == Encodings::GB18030 ? 650000 : 1000000;
+    if (!TextCodec::encode(subRip(QString::fromLatin1(sample.language), characters), sample.encoding,
+                           &bytes)) {
         state.SkipWithError("could not make the sample file");
         return;
     }

@@ -29,9 +29,8 @@ QString number(double value)
 int runEncodings(const QStringList &args)
 {
     QCommandLineParser parser;
-    if (int status = parseCommandLine(parser, args,
-                                      u"Lists the text encodings offered, in menu order: number and name."_s,
-                                      QString());
+    if (int status = parseCommandLine(
+            parser, args, u"Lists the text encodings offered, in menu order: number and name."_s, QString());
         status >= 0)
         return status;
     if (!parser.positionalArguments().isEmpty())
@@ -41,8 +40,8 @@ int runEncodings(const QStringList &args)
         if (row.isSeparator())
             out.append("----------\n");
         else
-            out.append(QString::number(row.codePage()).rightJustified(10).toUtf8() + "  " + row.name().toUtf8()
-                       + '\n');
+            out.append(QString::number(row.codePage()).rightJustified(10).toUtf8() + "  " +
+                       row.name().toUtf8() + '\n');
     }
     printOut(out);
     return ExitOk;
@@ -85,22 +84,23 @@ int runDetectEncoding(const QStringList &args)
     if (parser.isSet(u"all"_s)) {
         for (size_t i = 0; i < chooser.testers().size(); ++i) {
             const VHEncodingTester &tester = *chooser.testers()[i];
-            out += number(choice.scores[i]).rightJustified(12) + u"  "_s + tester.name() + u"  "_s
-                   + encodingLabel(tester.stringEncoding()) + u'\n';
+            out += number(choice.scores[i]).rightJustified(12) + u"  "_s + tester.name() + u"  "_s +
+                   encodingLabel(tester.stringEncoding()) + u'\n';
         }
         out += u'\n';
     }
     if (choice.best) {
-        out += u"rules:    "_s + choice.best->name() + u" ("_s + QFileInfo(choice.best->path()).fileName() + u")\n"_s;
+        out += u"rules:    "_s + choice.best->name() + u" ("_s + QFileInfo(choice.best->path()).fileName() +
+               u")\n"_s;
         out += u"encoding: "_s + encodingLabel(choice.best->stringEncoding()) + u'\n';
     } else {
         out += u"rules:    none scores above 0\n"_s;
     }
     out += u"score:    "_s + number(choice.bestScore) + u'\n';
-    out += u"length:   "_s + QString::number(choice.length) + u" (needs a score above "_s
-           + number(double(choice.length) * ratio) + u")\n"_s;
-    out += u"decision: "_s + (choice.accepted ? u"accepted"_s : u"rejected"_s) + u" at ratio "_s + number(ratio)
-           + u'\n';
+    out += u"length:   "_s + QString::number(choice.length) + u" (needs a score above "_s +
+           number(double(choice.length) * ratio) + u")\n"_s;
+    out += u"decision: "_s + (choice.accepted ? u"accepted"_s : u"rejected"_s) + u" at ratio "_s +
+           number(ratio) + u'\n';
     printOut(out.toUtf8());
     return choice.accepted ? ExitOk : ExitFailure;
 }

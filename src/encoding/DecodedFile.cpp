@@ -21,8 +21,7 @@ FileReadError FileReadError::inapplicableEncoding(const QString &path, EncodingI
 DecodedFile::DecodedFile(QByteArray bytes, const QString &path)
     : m_path(path)
     , m_bytes(std::move(bytes))
-{
-}
+{}
 
 DecodedFile DecodedFile::read(const QString &path)
 {

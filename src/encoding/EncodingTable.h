@@ -28,7 +28,10 @@ inline constexpr EncodingId WindowsCP1250 = 15;
 inline constexpr EncodingId ISO2022JP = 21;
 inline constexpr EncodingId MacRoman = 30;
 
-constexpr EncodingId fromLowLevel(quint32 n) { return 0x80000000u | n; }
+constexpr EncodingId fromLowLevel(quint32 n)
+{
+    return 0x80000000u | n;
+}
 
 inline constexpr EncodingId UTF7 = fromLowLevel(0x04000100);
 inline constexpr EncodingId UTF16BE = fromLowLevel(0x10000100);
@@ -60,20 +63,20 @@ inline constexpr EncodingId ISOLatin7 = fromLowLevel(0x020D);
 inline constexpr EncodingId ISOLatin9 = fromLowLevel(0x020F);
 inline constexpr EncodingId ISOLatin10 = fromLowLevel(0x0210);
 
-inline constexpr EncodingId DOSGreek = fromLowLevel(0x0405);    // code page 737
-inline constexpr EncodingId DOSLatin1 = fromLowLevel(0x0410);   // code page 850
-inline constexpr EncodingId DOSLatin2 = fromLowLevel(0x0411);   // code page 852
-inline constexpr EncodingId DOSRussian = fromLowLevel(0x0413);  // code page 866
-inline constexpr EncodingId DOSHebrew = fromLowLevel(0x0417);   // code page 862
-inline constexpr EncodingId DOSThai = fromLowLevel(0x041D);     // code page 874
+inline constexpr EncodingId DOSGreek = fromLowLevel(0x0405);          // code page 737
+inline constexpr EncodingId DOSLatin1 = fromLowLevel(0x0410);         // code page 850
+inline constexpr EncodingId DOSLatin2 = fromLowLevel(0x0411);         // code page 852
+inline constexpr EncodingId DOSRussian = fromLowLevel(0x0413);        // code page 866
+inline constexpr EncodingId DOSHebrew = fromLowLevel(0x0417);         // code page 862
+inline constexpr EncodingId DOSThai = fromLowLevel(0x041D);           // code page 874
 inline constexpr EncodingId DOSChineseSimplif = fromLowLevel(0x0421); // code page 936
-inline constexpr EncodingId DOSKorean = fromLowLevel(0x0422);   // code page 949
-inline constexpr EncodingId DOSChineseTrad = fromLowLevel(0x0423); // code page 950
+inline constexpr EncodingId DOSKorean = fromLowLevel(0x0422);         // code page 949
+inline constexpr EncodingId DOSChineseTrad = fromLowLevel(0x0423);    // code page 950
 
-inline constexpr EncodingId WindowsHebrew = fromLowLevel(0x0505);     // code page 1255
-inline constexpr EncodingId WindowsArabic = fromLowLevel(0x0506);     // code page 1256
-inline constexpr EncodingId WindowsBalticRim = fromLowLevel(0x0507);  // code page 1257
-inline constexpr EncodingId WindowsVietnamese = fromLowLevel(0x0508); // code page 1258
+inline constexpr EncodingId WindowsHebrew = fromLowLevel(0x0505);      // code page 1255
+inline constexpr EncodingId WindowsArabic = fromLowLevel(0x0506);      // code page 1256
+inline constexpr EncodingId WindowsBalticRim = fromLowLevel(0x0507);   // code page 1257
+inline constexpr EncodingId WindowsVietnamese = fromLowLevel(0x0508);  // code page 1258
 inline constexpr EncodingId WindowsKoreanJohab = fromLowLevel(0x0510); // code page 1361
 
 inline constexpr EncodingId GB18030 = fromLowLevel(0x0632);

@@ -120,8 +120,8 @@ bool decodeNonLossyAscii(const QByteArray &bytes, QString *text)
             }
             out.append(QChar(char16_t(value)));
             i += 5;
-        } else if (i + 3 < n && next >= '0' && next <= '3' && bytes[i + 2] >= '0' && bytes[i + 2] <= '7'
-                   && bytes[i + 3] >= '0' && bytes[i + 3] <= '7') {
+        } else if (i + 3 < n && next >= '0' && next <= '3' && bytes[i + 2] >= '0' && bytes[i + 2] <= '7' &&
+                   bytes[i + 3] >= '0' && bytes[i + 3] <= '7') {
             out.append(QChar(char16_t((next - '0') * 64 + (bytes[i + 2] - '0') * 8 + (bytes[i + 3] - '0'))));
             i += 3;
         } else {
@@ -177,7 +177,8 @@ bool decodeLibrary(const EncodingInfo &info, const QByteArray &bytes, QString *t
     if (result == Result::Unavailable)
         return failWith(error, unsupported(info.id));
     if (result == Result::Invalid)
-        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(info.id)));
+        return failWith(
+            error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(info.id)));
     return true;
 }
 
@@ -234,12 +235,13 @@ const TextCodec::ByteTable *TextCodec::singleByteTable(EncodingId encoding)
                 (*table)[b] = char16_t(b);
             std::copy(high->begin(), high->end(), table->begin() + 0x80);
         }
-    } else if (info && info->kind == ConverterKind::Icu && LibraryConverters::icuIsSingleByte(info->converter)) {
+    } else if (info && info->kind == ConverterKind::Icu &&
+               LibraryConverters::icuIsSingleByte(info->converter)) {
         table = std::make_unique<ByteTable>();
         for (int b = 0; b < 0x100; ++b) {
             QString unit;
-            const bool ok = LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit)
-                            == Result::Ok;
+            const bool ok =
+                LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit) == Result::Ok;
             (*table)[b] = ok && unit.size() == 1 ? unit.at(0).unicode() : kNoUnit;
         }
     }
@@ -259,7 +261,8 @@ bool TextCodec::decode(const QByteArray &bytes, EncodingId encoding, QString *te
     case ConverterKind::NonLossyAscii:
         if (decodeNonLossyAscii(bytes, text))
             return true;
-        return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(encoding)));
+        return failWith(
+            error, u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(encoding)));
     case ConverterKind::Utf16WithMark:
     case ConverterKind::Utf32WithMark: {
         QByteArray body = bytes;
@@ -272,8 +275,8 @@ bool TextCodec::decode(const QByteArray &bytes, EncodingId encoding, QString *te
         if (const ByteTable *table = singleByteTable(encoding)) {
             if (decodeWithTable(bytes, *table, text))
                 return true;
-            return failWith(error,
-                            u"The text is not valid in the encoding '%1'."_s.arg(TextCodec::displayName(encoding)));
+            return failWith(error, u"The text is not valid in the encoding '%1'."_s.arg(
+                                       TextCodec::displayName(encoding)));
         }
         if (info->kind == ConverterKind::OwnTable)
             return failWith(error, unsupported(encoding));
@@ -339,8 +342,9 @@ bool TextCodec::decodeAutomatically(const QByteArray &bytes, QString *text, Enco
     for (const Mark &mark : marks) {
         if (!bytes.startsWith(mark.bytes))
             continue;
-        const bool ok = mark.encoding == Encodings::UTF8 ? decodeStrictUtf8(QByteArrayView(bytes).sliced(3), text)
-                                                         : decode(bytes, mark.encoding, text);
+        const bool ok = mark.encoding == Encodings::UTF8
+                            ? decodeStrictUtf8(QByteArrayView(bytes).sliced(3), text)
+                            : decode(bytes, mark.encoding, text);
         if (ok) {
             *used = mark.encoding;
             return true;

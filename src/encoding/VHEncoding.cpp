@@ -6,8 +6,7 @@ VHEncoding::VHEncoding(const QString &name, EncodingId codePage, bool separator)
     : m_name(name)
     , m_codePage(codePage)
     , m_separator(separator)
-{
-}
+{}
 
 VHEncoding VHEncoding::encodingWithName(const QString &name, EncodingId codePage)
 {

@@ -21,7 +21,8 @@ VHEncodingChooser VHEncodingChooser::fromFolder(const QString &folder)
     std::sort(names.begin(), names.end()); // by code units: the same order everywhere
     VHEncodingChooser chooser;
     for (const QString &name : std::as_const(names)) {
-        if (std::unique_ptr<VHEncodingTester> tester = VHEncodingTester::encodingTesterFor(folder + u'/' + name))
+        if (std::unique_ptr<VHEncodingTester> tester =
+                VHEncodingTester::encodingTesterFor(folder + u'/' + name))
             chooser.addEncodingTester(std::move(tester));
     }
     return chooser;

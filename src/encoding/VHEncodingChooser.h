@@ -30,13 +30,13 @@ public:
     // What the choice for one file found.
     struct Choice
     {
-        std::vector<double> scores;               // one per tester, in list order
-        const VHEncodingTester *best = nullptr;   // none when no score is above 0
+        std::vector<double> scores;             // one per tester, in list order
+        const VHEncodingTester *best = nullptr; // none when no score is above 0
         double bestScore = 0;
-        std::optional<QString> text;              // the file in the best tester's encoding
-        qsizetype length = 0;                     // of that text, in UTF-16 units
-        bool accepted = false;                    // bestScore > length x ratio
-        std::optional<FileReadError> error;       // set when not accepted
+        std::optional<QString> text;        // the file in the best tester's encoding
+        qsizetype length = 0;               // of that text, in UTF-16 units
+        bool accepted = false;              // bestScore > length x ratio
+        std::optional<FileReadError> error; // set when not accepted
     };
     Choice choose(const QString &path, double ratio) const;
     // The same for a file already read.
@@ -44,13 +44,15 @@ public:
 
     // The decoded text, or none with the reason in `error` (when given): the decoding's own
     // error, else code 261 with the path and the best tester's encoding.
-    std::optional<QString> contentOfFile(const QString &path, double ratio, FileReadError *error = nullptr) const;
+    std::optional<QString> contentOfFile(const QString &path, double ratio,
+                                         FileReadError *error = nullptr) const;
 
     // The best-scoring tester, or none when no tester scores above 0.
     const VHEncodingTester *chooseEncodingFor(const QString &path) const;
 
 private:
-    const VHEncodingTester *bestTester(DecodedFile &file, double *bestScore, std::vector<double> *scores) const;
+    const VHEncodingTester *bestTester(DecodedFile &file, double *bestScore,
+                                       std::vector<double> *scores) const;
 
     std::vector<std::unique_ptr<VHEncodingTester>> m_testers;
 };

@@ -256,5 +256,5 @@ void VHEncodingTester::logBadCharacters(QStringView text, qint64 occurrences) co
 QString VHEncodingTester::description() const
 {
     return u"Encoding '%1' (%2) <VHEncodingTester: 0x%3>"_s.arg(m_name, QString::number(m_stringEncoding),
-                                                                 QString::number(quintptr(this), 16));
+                                                                QString::number(quintptr(this), 16));
 }

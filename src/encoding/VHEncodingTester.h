@@ -26,7 +26,8 @@ public:
     // line "Could not read encoding file (<path>), because '<why>'".
     static std::unique_ptr<VHEncodingTester> encodingTesterFor(const QString &path);
     // The same for rules already in memory; `path` only names them in log lines.
-    static std::unique_ptr<VHEncodingTester> encodingTesterFromData(const QByteArray &utf8, const QString &path);
+    static std::unique_ptr<VHEncodingTester> encodingTesterFromData(const QByteArray &utf8,
+                                                                    const QString &path);
 
     // The score of the file at `path` decoded in stringEncoding(): the good weights of its
     // code units minus the bad ones; 0 when it does not decode or cannot be read.
@@ -51,6 +52,8 @@ public:
 
 private:
     VHEncodingTester() = default;
+    VHEncodingTester(const VHEncodingTester &) = delete; // its weight table refers to its maps
+    VHEncodingTester &operator=(const VHEncodingTester &) = delete;
     void parse(QStringView rules);
     double scoreByteCounts(DecodedFile &file, const std::array<char16_t, 256> &units) const;
     void logBadCharacters(QStringView text, qint64 occurrences) const;

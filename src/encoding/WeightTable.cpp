@@ -25,15 +25,14 @@ int fractionBits(double weight)
     return std::max(bits - exponent, 0);
 }
 
-template<typename Page>
-const Page *emptyPage()
+template <typename Page> const Page *emptyPage()
 {
     static const Page page{};
     return &page;
 }
 } // namespace
 
-template<typename Page>
+template <typename Page>
 Page &WeightTable::slot(std::array<const Page *, 256> &pages, std::vector<std::unique_ptr<Page>> &owned,
                         char16_t unit)
 {
@@ -48,44 +47,43 @@ Page &WeightTable::slot(std::array<const Page *, 256> &pages, std::vector<std::u
 
 WeightTable::WeightTable(const QHash<char16_t, double> &good, double goodFactor,
                          const QHash<char16_t, double> &bad, double badFactor)
+    : m_good(good)
+    , m_bad(bad)
+    , m_goodFactor(goodFactor)
+    , m_badFactor(badFactor)
 {
     m_exact.fill(emptyPage<ExactPage>());
     m_double.fill(emptyPage<DoublePage>());
     m_isBad.fill(emptyPage<BadPage>());
-    m_good.reserve(good.size());
-    for (auto it = good.begin(); it != good.end(); ++it)
-        m_good.insert(it.key(), it.value() * goodFactor);
-    m_bad.reserve(bad.size());
-    for (auto it = bad.begin(); it != bad.end(); ++it) {
-        m_bad.insert(it.key(), it.value() * badFactor);
+    for (auto it = bad.begin(); it != bad.end(); ++it)
         slot(m_isBad, m_badPages, it.key()).set(it.key() & 0xFF);
-    }
 
     // The finest power of two any weight needs, and the largest weight.
     int bits = 0;
     double maxAbs = 0;
-    for (const QHash<char16_t, double> *weights : {&m_good, &m_bad}) {
+    for (const auto &[weights, factor] : {std::pair(&good, goodFactor), std::pair(&bad, badFactor)}) {
         for (const double weight : *weights) {
-            const int needed = fractionBits(weight);
+            const double product = weight * factor;
+            const int needed = fractionBits(product);
             bits = needed < 0 ? kMaxScaleBits + 1 : std::max(bits, needed);
-            maxAbs = std::max(maxAbs, std::abs(weight));
+            maxAbs = std::max(maxAbs, std::abs(product));
         }
     }
     if (bits <= kMaxScaleBits && std::ldexp(maxAbs, bits) < kMaxScaledWeight) {
         m_scaleBits = bits;
         m_maxAbsScaled = std::ldexp(maxAbs, bits);
-        for (auto it = m_good.cbegin(); it != m_good.cend(); ++it)
-            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] += qint64(std::ldexp(it.value(), bits));
-        for (auto it = m_bad.cbegin(); it != m_bad.cend(); ++it)
-            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] -= qint64(std::ldexp(it.value(), bits));
+        for (auto it = good.cbegin(); it != good.cend(); ++it)
+            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] +=
+                qint64(std::ldexp(it.value() * goodFactor, bits));
+        for (auto it = bad.cbegin(); it != bad.cend(); ++it)
+            slot(m_exact, m_exactPages, it.key()).net[it.key() & 0xFF] -=
+                qint64(std::ldexp(it.value() * badFactor, bits));
         return;
     }
-    for (auto it = m_good.cbegin(); it != m_good.cend(); ++it)
-        slot(m_double, m_doublePages, it.key()).good[it.key() & 0xFF] = it.value();
-    for (auto it = m_bad.cbegin(); it != m_bad.cend(); ++it)
-        slot(m_double, m_doublePages, it.key()).bad[it.key() & 0xFF] = it.value();
-    m_good.clear();
-    m_bad.clear();
+    for (auto it = good.cbegin(); it != good.cend(); ++it)
+        slot(m_double, m_doublePages, it.key()).good[it.key() & 0xFF] = it.value() * goodFactor;
+    for (auto it = bad.cbegin(); it != bad.cend(); ++it)
+        slot(m_double, m_doublePages, it.key()).bad[it.key() & 0xFF] = it.value() * badFactor;
 }
 
 WeightTable::~WeightTable() = default;
@@ -109,7 +107,7 @@ void WeightTable::weights(char16_t unit, double *good, double *bad) const
         *bad = page.bad[unit & 0xFF];
     } else {
         // An exact table met a text too long for integer sums: rare enough for hash lookups.
-        *good = m_good.value(unit);
-        *bad = m_bad.value(unit);
+        *good = m_good.value(unit) * m_goodFactor;
+        *bad = m_bad.value(unit) * m_badFactor;
     }
 }

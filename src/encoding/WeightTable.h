@@ -16,6 +16,8 @@
 // the integer sum of the scaled weights: such a score can be summed in integers, in any
 // order (by byte counts, say), with the very same result. The table then keeps only those
 // integers (good minus bad per unit); otherwise it keeps the two doubles of each unit.
+//
+// The table refers to the two maps it was made from; they must outlive it.
 class WeightTable
 {
 public:
@@ -46,13 +48,15 @@ private:
     };
     using BadPage = std::bitset<256>;
 
-    template<typename Page>
+    template <typename Page>
     static Page &slot(std::array<const Page *, 256> &pages, std::vector<std::unique_ptr<Page>> &owned,
                       char16_t unit);
 
-    QHash<char16_t, double> m_good; // weights times factors, kept when the table is exact
-    QHash<char16_t, double> m_bad;
-    int m_scaleBits = -1;           // -1: not exact
+    const QHash<char16_t, double> &m_good;
+    const QHash<char16_t, double> &m_bad;
+    double m_goodFactor;
+    double m_badFactor;
+    int m_scaleBits = -1; // -1: not exact
     double m_maxAbsScaled = 0;
     std::array<const ExactPage *, 256> m_exact{};
     std::array<const DoublePage *, 256> m_double{};

@@ -9,7 +9,8 @@ TEST(Catalogue, HoldsFortySevenRowsAndOneSeparatorAfterNonLossyAscii)
 {
     const QList<VHEncoding> &rows = VHEncoding::catalogue();
     ASSERT_EQ(rows.size(), 48);
-    EXPECT_EQ(std::count_if(rows.begin(), rows.end(), [](const VHEncoding &e) { return e.isSeparator(); }), 1);
+    EXPECT_EQ(std::count_if(rows.begin(), rows.end(), [](const VHEncoding &e) { return e.isSeparator(); }),
+              1);
     EXPECT_EQ(rows[22].name(), u"Non Lossy ASCII"_s);
     EXPECT_TRUE(rows[23].isSeparator());
     EXPECT_EQ(rows[24].name(), u"Chinese GB 18030"_s);

@@ -39,9 +39,12 @@ protected:
 
 TEST_F(ChooserTest, ScoreIsGoodWeightsTimesFactorMinusBadWeightsTimesFactor)
 {
-    const auto western = tester(u"nsstring: 12\ngoodfactor: 2\nbadfactor: 0.5\ngood:\na\t1\né\t3\nbad:\n€\t4\n"_s);
+    const auto western =
+        tester(u"nsstring: 12\ngoodfactor: 2\nbadfactor: 0.5\ngood:\na\t1\né\t3\nbad:\n€\t4\n"_s);
     // "aé€a" in code page 1252: (1 + 3 + 1) x 2 - 4 x 0.5
-    EXPECT_EQ(western->testFile(write("a\xE9\x80" "a")), 8.0);
+    EXPECT_EQ(western->testFile(write("a\xE9\x80"
+                                      "a")),
+              8.0);
     EXPECT_EQ(western->testFile(write("")), 0.0);
     EXPECT_EQ(western->testFile(m_folder.filePath(u"missing.srt"_s)), 0.0);
     // Bytes that are not text in the tester's encoding score 0.
@@ -80,7 +83,8 @@ TEST_F(ChooserTest, ScoresAreSummedAsInTextOrder)
 TEST_F(ChooserTest, LogsEveryOccurrenceOfABadCharacterUnlessTheCategoryIsOff)
 {
     const auto western = tester(u"nsstring: 12\ngood:\na\t1\nbad:\né\t1\n€\t0\n"_s);
-    const QString path = write("\xE9" "a\xE9\x80\xE9");
+    const QString path = write("\xE9"
+                               "a\xE9\x80\xE9");
     {
         LogCapture log;
         EXPECT_EQ(western->testFile(path), -2.0);
@@ -156,7 +160,8 @@ TEST_F(ChooserTest, TheSharedChooserReadsEveryRulesFileInNameOrder)
     ASSERT_EQ(shared.testers().size(), size_t(names.size()));
     for (size_t i = 0; i < shared.testers().size(); ++i) {
         EXPECT_EQ(QFileInfo(shared.testers()[i]->path()).fileName(), names[qsizetype(i)]);
-        EXPECT_TRUE(TextCodec::isSupported(shared.testers()[i]->stringEncoding())) << names[qsizetype(i)].toStdString();
+        EXPECT_TRUE(TextCodec::isSupported(shared.testers()[i]->stringEncoding()))
+            << names[qsizetype(i)].toStdString();
     }
 }
 

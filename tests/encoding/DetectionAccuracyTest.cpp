@@ -63,8 +63,8 @@ const Language kLanguages[] = {
 
 QStringList dialogueOf(const char *language)
 {
-    QFile file(QStringLiteral(CAPTORA_ENCODING_TEST_DATA "/texts/") + QString::fromLatin1(language)
-               + u".txt"_s);
+    QFile file(QStringLiteral(CAPTORA_ENCODING_TEST_DATA "/texts/") + QString::fromLatin1(language) +
+               u".txt"_s);
     if (!file.open(QIODevice::ReadOnly))
         return {};
     QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
@@ -88,8 +88,8 @@ QString subRip(const QStringList &dialogue, qsizetype first, qsizetype count, bo
     int start = 1000 + int(first) * 1700;
     for (qsizetype i = 0; i < count; ++i) {
         const int length = 1200 + int((first + i) % 5) * 400;
-        text += QString::number(i + 1) + u'\n' + timeText(start) + u" --> "_s + timeText(start + length) + u'\n'
-                + dialogue.at((first + i) % dialogue.size()) + u"\n\n"_s;
+        text += QString::number(i + 1) + u'\n' + timeText(start) + u" --> "_s + timeText(start + length) +
+                u'\n' + dialogue.at((first + i) % dialogue.size()) + u"\n\n"_s;
         start += length + 300;
     }
     if (windowsLineBreaks)
@@ -101,8 +101,8 @@ QString subRip(const QStringList &dialogue, qsizetype first, qsizetype count, bo
 QString plainPunctuation(QString text)
 {
     static const std::pair<char16_t, const char *> replacements[] = {
-        {u'’', "'"}, {u'‘', "'"}, {u'“', "\""}, {u'”', "\""}, {u'„', "\""}, {u'«', "\""}, {u'»', "\""},
-        {u'–', "-"}, {u'—', "-"}, {u'…', "..."}, {u'œ', "oe"}, {u'Œ', "OE"}};
+        {u'’', "'"},  {u'‘', "'"}, {u'“', "\""}, {u'”', "\""},  {u'„', "\""}, {u'«', "\""},
+        {u'»', "\""}, {u'–', "-"}, {u'—', "-"},  {u'…', "..."}, {u'œ', "oe"}, {u'Œ', "OE"}};
     for (const auto &[from, to] : replacements)
         text.replace(QChar(from), QString::fromLatin1(to));
     return text;
@@ -203,8 +203,7 @@ TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
     }
 
     for (const auto &[encoding, tally] : byEncoding) {
-        std::printf("  %-28s %3d / %3d right (%5.1f%%)\n",
-                    qPrintable(TextCodec::displayName(encoding)),
+        std::printf("  %-28s %3d / %3d right (%5.1f%%)\n", qPrintable(TextCodec::displayName(encoding)),
                     tally.right, tally.total, 100.0 * tally.right / tally.total);
     }
     std::printf("  %-28s %3d / %3d right (%5.1f%%)\n", "all", right, total, 100.0 * right / total);

@@ -24,7 +24,8 @@ CommandResult run(const QStringList &arguments)
     process.start(QStringLiteral(CAPTORA_CLI), arguments);
     process.waitForFinished(60000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
 }
 
 class EncodingCommands : public testing::Test
@@ -42,9 +43,10 @@ protected:
     QString russianFile()
     {
         QByteArray bytes;
-        EXPECT_TRUE(TextCodec::encode(u"1\n00:00:01,000 --> 00:00:02,000\nГде ты был вчера вечером?\n\n"
-                                      u"2\n00:00:03,000 --> 00:00:04,000\nЗнаю, прости. У меня сел телефон.\n"_s,
-                                      Encodings::WindowsCP1251, &bytes));
+        EXPECT_TRUE(
+            TextCodec::encode(u"1\n00:00:01,000 --> 00:00:02,000\nГде ты был вчера вечером?\n\n"
+                              u"2\n00:00:03,000 --> 00:00:04,000\nЗнаю, прости. У меня сел телефон.\n"_s,
+                              Encodings::WindowsCP1251, &bytes));
         return write(bytes);
     }
 

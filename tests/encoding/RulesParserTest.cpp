@@ -53,7 +53,8 @@ TEST(RulesKeys, AKeyWithSpacesAroundItMatchesNothing)
 TEST(RulesSections, CharacterLinesBelongToTheLastGoodOrBadKey)
 {
     LogCapture log;
-    const auto tester = parse(u"x\t1\ngood:\na\t2\nbad:\nb\t3\nunknown: key\nc\t4\nname: n\nd\t5\ngood\ne\t6\n"_s);
+    const auto tester =
+        parse(u"x\t1\ngood:\na\t2\nbad:\nb\t3\nunknown: key\nc\t4\nname: n\nd\t5\ngood\ne\t6\n"_s);
     EXPECT_EQ(tester->good(), (QHash<char16_t, double>{{u'a', 2}}));
     EXPECT_EQ(tester->bad(), (QHash<char16_t, double>{{u'b', 3}, {u'c', 4}}));
     // Before any section, after a key that ends it, and a "good" without its ':'.
@@ -107,7 +108,8 @@ TEST(RulesFiles, AFileThatIsNotUtf8GivesNoTester)
     log.clear();
     EXPECT_FALSE(VHEncodingTester::encodingTesterFor(u"/nonexistent/x.encoding"_s));
     ASSERT_EQ(log.lines().size(), 1);
-    EXPECT_TRUE(log.lines()[0].startsWith(u"Could not read encoding file (/nonexistent/x.encoding), because '"_s));
+    EXPECT_TRUE(
+        log.lines()[0].startsWith(u"Could not read encoding file (/nonexistent/x.encoding), because '"_s));
 }
 
 TEST(RulesFiles, ReadsAFileWithWindowsLineBreaks)

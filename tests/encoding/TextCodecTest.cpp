@@ -111,16 +111,16 @@ TEST(TextCodecStrictness, BytesNotValidInTheEncodingFailTheDecoding)
 {
     const std::pair<QByteArray, EncodingId> invalid[] = {
         {"caf\xC3(", UTF8},
-        {"\x81", ShiftJIS},                 // lead byte without its trail
+        {"\x81", ShiftJIS}, // lead byte without its trail
         {"\xA1", JapaneseEUC},
         {"\x81 ", GB18030},
-        {"\xA1", ISOLatinHebrew},           // unassigned
+        {"\xA1", ISOLatinHebrew}, // unassigned
         {"\xD2", WindowsCP1253},
         {"\xFF", WindowsCP1253},
         {"\xFE", NeXTSTEP},
         {"\xC0", MacHebrew},
-        {"caf\xE9", NonLossyASCII},         // not ASCII
-        {"abc", UTF16LE},                   // odd length
+        {"caf\xE9", NonLossyASCII},                   // not ASCII
+        {"abc", UTF16LE},                             // odd length
         {QByteArray("\x00\xD8\x41\x00", 4), UTF16LE}, // lone surrogate
         {"\xA4", DOSChineseTrad},
         {"\x84\x44\x84", WindowsKoreanJohab},
@@ -138,8 +138,8 @@ TEST(TextCodecStrictness, BytesNotValidInTheEncodingFailTheDecoding)
 TEST(TextCodecStrictness, CharactersTheEncodingLacksFailTheEncoding)
 {
     const std::pair<QString, EncodingId> unmappable[] = {
-        {u"Ж"_s, WindowsCP1252}, {u"€"_s, ISOLatin1},   {u"한"_s, ShiftJIS},
-        {u"ش"_s, MacHebrew},    {u"Ж"_s, NeXTSTEP},   {QString(QChar(0xD800)), UTF8},
+        {u"Ж"_s, WindowsCP1252}, {u"€"_s, ISOLatin1}, {u"한"_s, ShiftJIS},
+        {u"ش"_s, MacHebrew},     {u"Ж"_s, NeXTSTEP},  {QString(QChar(0xD800)), UTF8},
     };
     for (const auto &[text, encoding] : unmappable) {
         QByteArray bytes;
@@ -196,7 +196,9 @@ TEST(TextCodecAutomatic, ByteOrderMarksThenStrictUtf8AndNothingElse)
     QString text;
     EncodingId used = None;
     EXPECT_FALSE(TextCodec::decodeAutomatically("caf\xE9", &text, &used));
-    EXPECT_FALSE(TextCodec::decodeAutomatically("\xEF\xBB\xBF" "caf\xE9", &text, &used));
+    EXPECT_FALSE(TextCodec::decodeAutomatically("\xEF\xBB\xBF"
+                                                "caf\xE9",
+                                                &text, &used));
 }
 
 TEST(TextCodecTables, SingleByteEncodingsHaveAByteTableAndOthersNone)
@@ -218,16 +220,18 @@ TEST(TextCodecTables, SingleByteEncodingsHaveAByteTableAndOthersNone)
 // disturb each other.
 TEST(TextCodecThreads, ConcurrentConversionsGiveTheSameResults)
 {
-    const std::pair<QString, EncodingId> work[] = {
-        {u"日本語のテキスト"_s, ShiftJIS}, {u"Привет, мир"_s, KOI8R}, {u"한국어 텍스트"_s, WindowsKoreanJohab},
-        {u"中文文本"_s, GB18030},         {u"Ελληνικά"_s, WindowsCP1253}};
+    const std::pair<QString, EncodingId> work[] = {{u"日本語のテキスト"_s, ShiftJIS},
+                                                   {u"Привет, мир"_s, KOI8R},
+                                                   {u"한국어 텍스트"_s, WindowsKoreanJohab},
+                                                   {u"中文文本"_s, GB18030},
+                                                   {u"Ελληνικά"_s, WindowsCP1253}};
     auto run = [&work] {
         for (int round = 0; round < 300; ++round) {
             for (const auto &[text, encoding] : work) {
                 QByteArray bytes;
                 QString back;
-                if (!TextCodec::encode(text, encoding, &bytes) || !TextCodec::decode(bytes, encoding, &back)
-                    || back != text)
+                if (!TextCodec::encode(text, encoding, &bytes) ||
+                    !TextCodec::decode(bytes, encoding, &back) || back != text)
                     return false;
             }
         }

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static const VHEncodingChooser &chooser = [] () -> const VHEncodingChooser & {
+    static const VHEncodingChooser &chooser = []() -> const VHEncodingChooser & {
         QLoggingCategory::setFilterRules(u"captora.encoding.characters=false"_s);
         return VHEncodingChooser::sharedEncodingChooser();
     }();
