@@ -99,6 +99,27 @@ bool runIconv(iconv_t cd, const char *input, size_t inputSize, QByteArray *out)
     out->resize(qsizetype(written));
     return true;
 }
+// Runs one ICU conversion over the rest of the input into `out`, doubling the room
+// whenever ICU runs out of it; false when the input does not convert.
+template <typename Unit, typename Buffer, typename Step> bool convertGrowing(Buffer &out, Step step)
+{
+    qsizetype written = 0;
+    for (;;) {
+        Unit *begin = reinterpret_cast<Unit *>(out.data());
+        Unit *target = begin + written;
+        UErrorCode status = U_ZERO_ERROR;
+        step(&target, begin + out.size(), &status);
+        written = target - begin;
+        if (status == U_BUFFER_OVERFLOW_ERROR) {
+            out.resize(out.size() * 2);
+            continue;
+        }
+        if (U_FAILURE(status))
+            return false;
+        out.resize(written);
+        return true;
+    }
+}
 } // namespace
 
 Result icuDecode(const char *name, const QByteArray &bytes, QString *text)
@@ -109,22 +130,11 @@ Result icuDecode(const char *name, const QByteArray &bytes, QString *text)
     QString out(bytes.size() + 16, Qt::Uninitialized);
     const char *source = bytes.constData();
     const char *sourceEnd = source + bytes.size();
-    qsizetype written = 0;
-    for (;;) {
-        UChar *begin = reinterpret_cast<UChar *>(out.data());
-        UChar *target = begin + written;
-        UErrorCode status = U_ZERO_ERROR;
-        ucnv_toUnicode(converter, &target, begin + out.size(), &source, sourceEnd, nullptr, true, &status);
-        written = target - begin;
-        if (status == U_BUFFER_OVERFLOW_ERROR) {
-            out.resize(out.size() * 2);
-            continue;
-        }
-        if (U_FAILURE(status))
-            return Result::Invalid;
-        break;
-    }
-    out.resize(written);
+    const bool ok = convertGrowing<UChar>(out, [&](UChar **target, UChar *targetEnd, UErrorCode *status) {
+        ucnv_toUnicode(converter, target, targetEnd, &source, sourceEnd, nullptr, true, status);
+    });
+    if (!ok)
+        return Result::Invalid;
     *text = std::move(out);
     return Result::Ok;
 }
@@ -137,22 +147,11 @@ Result icuEncode(const char *name, QStringView text, QByteArray *bytes)
     QByteArray out(text.size() * ucnv_getMaxCharSize(converter) + 16, Qt::Uninitialized);
     const UChar *source = reinterpret_cast<const UChar *>(text.utf16());
     const UChar *sourceEnd = source + text.size();
-    qsizetype written = 0;
-    for (;;) {
-        char *begin = out.data();
-        char *target = begin + written;
-        UErrorCode status = U_ZERO_ERROR;
-        ucnv_fromUnicode(converter, &target, begin + out.size(), &source, sourceEnd, nullptr, true, &status);
-        written = target - begin;
-        if (status == U_BUFFER_OVERFLOW_ERROR) {
-            out.resize(out.size() * 2);
-            continue;
-        }
-        if (U_FAILURE(status))
-            return Result::Invalid;
-        break;
-    }
-    out.resize(written);
+    const bool ok = convertGrowing<char>(out, [&](char **target, char *targetEnd, UErrorCode *status) {
+        ucnv_fromUnicode(converter, target, targetEnd, &source, sourceEnd, nullptr, true, status);
+    });
+    if (!ok)
+        return Result::Invalid;
     *bytes = std::move(out);
     return Result::Ok;
 }
