@@ -40,3 +40,12 @@ function(captora_module name)
     target_link_libraries(${name} PUBLIC captora_options ${ARG_LINK})
     set_target_properties(${name} PROPERTIES AUTOMOC OFF)
 endfunction()
+
+# Fuzzing builds: every target is instrumented for coverage; the fuzz targets add libFuzzer.
+if(CAPTORA_FUZZ)
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "CAPTORA_FUZZ needs clang: configure with CXX=clang++")
+    endif()
+    target_compile_options(captora_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined)
+    target_link_options(captora_options INTERFACE -fsanitize=address,undefined)
+endif()

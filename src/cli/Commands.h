@@ -11,3 +11,5 @@ int runAdjustDurations(const QStringList &args);
 int runReplace(const QStringList &args);
 int runShift(const QStringList &args);
 int runSync(const QStringList &args);
+int runEncodings(const QStringList &args);
+int runDetectEncoding(const QStringList &args);

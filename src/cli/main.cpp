@@ -24,6 +24,9 @@ const char kUsage[] =
     "  replace FILE       Replace a text in every line.\n"
     "  shift FILE         Move every line by the same amount.\n"
     "  sync FILE          Re-time lines through anchors (--fix INDEX=TIME ...).\n"
+    "  encodings          List the text encodings offered, with their numbers.\n"
+    "  detect-encoding FILE\n"
+    "                     Find the text encoding of a file by the language rules.\n"
     "\n"
     "Run 'captora-cli COMMAND --help' for the options of a command.\n"
     "Options: --help, --version\n";
@@ -71,6 +74,10 @@ int main(int argc, char *argv[])
         return runShift(args);
     if (command == u"sync"_s)
         return runSync(args);
+    if (command == u"encodings"_s)
+        return runEncodings(args);
+    if (command == u"detect-encoding"_s)
+        return runDetectEncoding(args);
     std::fprintf(stderr, "Unknown command '%s'.\n\n%s", qPrintable(command), kUsage);
     return ExitUsage;
 }

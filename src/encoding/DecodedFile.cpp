@@ -1,0 +1,91 @@
+#include "DecodedFile.h"
+
+#include "VHEncoding.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+FileReadError FileReadError::inapplicableEncoding(const QString &path, EncodingId encoding)
+{
+    FileReadError error;
+    error.code = InapplicableStringEncoding;
+    error.path = path;
+    error.encoding = encoding;
+    error.description = u"The file '%1' could not be read as text in the encoding '%2'."_s.arg(
+        path, VHEncoding::nameForEncoding(encoding));
+    return error;
+}
+
+DecodedFile::DecodedFile(QByteArray bytes, const QString &path)
+    : m_path(path)
+    , m_bytes(std::move(bytes))
+{}
+
+DecodedFile DecodedFile::read(const QString &path)
+{
+    QFile file(path);
+    const QFileInfo info(path);
+    FileReadError error;
+    error.path = path;
+    if (!info.exists()) {
+        error.code = FileReadError::NoSuchFile;
+        error.description = u"The file '%1' does not exist."_s.arg(path);
+    } else if (info.isDir()) {
+        error.description = u"'%1' is a folder."_s.arg(path);
+    } else if (!file.open(QIODevice::ReadOnly)) {
+        error.code = file.error() == QFileDevice::PermissionsError ? FileReadError::NoPermission
+                                                                   : FileReadError::UnknownReadError;
+        error.description = u"The file '%1' could not be opened: %2"_s.arg(path, file.errorString());
+    } else {
+        QByteArray bytes = file.readAll();
+        if (file.error() == QFileDevice::NoError)
+            return DecodedFile(std::move(bytes), path);
+        error.description = u"The file '%1' could not be read: %2"_s.arg(path, file.errorString());
+    }
+    DecodedFile unreadable(QByteArray(), path);
+    unreadable.m_readError = std::move(error);
+    return unreadable;
+}
+
+const DecodedFile::ByteCounts &DecodedFile::byteCounts()
+{
+    if (!m_byteCounts) {
+        ByteCounts counts{};
+        for (const char byte : std::as_const(m_bytes))
+            ++counts[uchar(byte)];
+        m_byteCounts = counts;
+    }
+    return *m_byteCounts;
+}
+
+DecodedFile::Decoding &DecodedFile::decoding(EncodingId encoding)
+{
+    auto it = m_decodings.find(encoding);
+    if (it == m_decodings.end()) {
+        Decoding made;
+        QString text;
+        if (!m_readError && TextCodec::decode(m_bytes, encoding, &text, &made.problem))
+            made.text = std::move(text);
+        it = m_decodings.emplace(encoding, std::move(made)).first;
+    }
+    return it->second;
+}
+
+const QString *DecodedFile::text(EncodingId encoding)
+{
+    const Decoding &made = decoding(encoding);
+    return made.text ? &*made.text : nullptr;
+}
+
+FileReadError DecodedFile::decodingError(EncodingId encoding)
+{
+    if (m_readError)
+        return *m_readError;
+    FileReadError error = FileReadError::inapplicableEncoding(m_path, encoding);
+    const QString &problem = decoding(encoding).problem;
+    if (!problem.isEmpty())
+        error.description += u' ' + problem;
+    return error;
+}

@@ -1,0 +1,129 @@
+#include "Log.h"
+#include "VHEncodingTester.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+std::unique_ptr<VHEncodingTester> parse(const QString &rules)
+{
+    return VHEncodingTester::encodingTesterFromData(rules.toUtf8(), u"test.encoding"_s);
+}
+} // namespace
+
+TEST(RulesKeys, KeysAreCaseInsensitiveAndValuesTrimmed)
+{
+    const auto tester = parse(u"Name: Western \nLOCALE:\tfr_FR\nNSString: 12 (Windows)\ngoodFactor: 1.5x\n"
+                              u"BadFactor:  2e1\n"_s);
+    ASSERT_TRUE(tester);
+    EXPECT_EQ(tester->name(), u"Western"_s);
+    EXPECT_EQ(tester->locale(), u"fr_FR"_s);
+    EXPECT_EQ(tester->stringEncoding(), 12u);
+    EXPECT_EQ(tester->goodFactor(), 1.5);
+    EXPECT_EQ(tester->badFactor(), 20.0);
+}
+
+TEST(RulesKeys, DefaultsAndValuesThatAreNotNumbers)
+{
+    const auto defaults = parse(u"name: x\n"_s);
+    EXPECT_EQ(defaults->goodFactor(), 1.0);
+    EXPECT_EQ(defaults->badFactor(), 1.0);
+    EXPECT_EQ(defaults->stringEncoding(), 0u);
+
+    // Encoding numbers beyond 32 bits (written as 0x8000... ones must be decimal) name none.
+    const auto tester = parse(u"nsstring: 0x80000A02\ngoodfactor: abc\n"_s);
+    EXPECT_EQ(tester->stringEncoding(), 0u);
+    EXPECT_EQ(tester->goodFactor(), 0.0);
+    EXPECT_EQ(parse(u"nsstring: 2147486210\n"_s)->stringEncoding(), 0x80000A02u);
+    EXPECT_EQ(parse(u"nsstring: 99999999999\n"_s)->stringEncoding(), 0u);
+}
+
+TEST(RulesKeys, AKeyWithSpacesAroundItMatchesNothing)
+{
+    LogCapture log;
+    const auto tester = parse(u" name: Western\nname : Other\n"_s);
+    EXPECT_TRUE(tester->name().isEmpty());
+    EXPECT_TRUE(log.lines().isEmpty());
+}
+
+TEST(RulesSections, CharacterLinesBelongToTheLastGoodOrBadKey)
+{
+    LogCapture log;
+    const auto tester =
+        parse(u"x\t1\ngood:\na\t2\nbad:\nb\t3\nunknown: key\nc\t4\nname: n\nd\t5\ngood\ne\t6\n"_s);
+    EXPECT_EQ(tester->good(), (QHash<char16_t, double>{{u'a', 2}}));
+    EXPECT_EQ(tester->bad(), (QHash<char16_t, double>{{u'b', 3}, {u'c', 4}}));
+    // Before any section, after a key that ends it, and a "good" without its ':'.
+    EXPECT_EQ(log.lines(), (QStringList{u"Unparsable line (neither in 'good' or 'bad' status): 'x\t1'"_s,
+                                        u"Unparsable line (neither in 'good' or 'bad' status): 'd\t5'"_s,
+                                        u"Unparsable line: 'good'"_s,
+                                        u"Unparsable line (neither in 'good' or 'bad' status): 'e\t6'"_s}));
+}
+
+TEST(RulesCharacters, TheCharacterIsTheUnitBeforeTheFirstTab)
+{
+    LogCapture log;
+    const auto tester = parse(u"good:\n:\t2\n \t0.5\nab\t3\nw\t 7kg\nz\t4\t9\nz\t1.25\n😀\t8\n"_s);
+    ASSERT_TRUE(tester);
+    const QHash<char16_t, double> expected = {
+        {u':', 2},    // a ':' at position 0 is a character, not a key
+        {u' ', 0.5},  // the line is not trimmed
+        {u'b', 3},    // the unit right before the tab
+        {u'w', 7},    // leading space skipped, trailing junk ignored
+        {u'z', 1.25}, // the weight ends at the next tab; a later line replaces
+        {QChar::lowSurrogate(0x1F600), 8},
+    };
+    EXPECT_EQ(tester->good(), expected);
+    EXPECT_TRUE(log.lines().isEmpty()) << log.lines().join(u'\n').toStdString();
+}
+
+TEST(RulesCharacters, LinesWithoutTabOrKeyAreLoggedAndSkipped)
+{
+    LogCapture log;
+    const auto tester = parse(u"good:\n\tx\njust words\n   \n\r\na\t1\r\n"_s);
+    EXPECT_EQ(tester->good(), (QHash<char16_t, double>{{u'a', 1}}));
+    EXPECT_EQ(log.lines(), (QStringList{u"Unparsable line: '\tx'"_s, u"Unparsable line: 'just words'"_s}));
+}
+
+TEST(RulesCharacters, ACharacterInBothListsIsLoggedAndKeepsBothWeights)
+{
+    LogCapture log;
+    const auto tester = parse(u"good:\né\t2\nè\t1\nbad:\né\t3\n"_s);
+    EXPECT_EQ(tester->good().value(u'é'), 2);
+    EXPECT_EQ(tester->bad().value(u'é'), 3);
+    EXPECT_EQ(log.lines(), QStringList{u"Good Unicode is also bad: é"_s});
+}
+
+TEST(RulesFiles, AFileThatIsNotUtf8GivesNoTester)
+{
+    LogCapture log;
+    EXPECT_FALSE(VHEncodingTester::encodingTesterFromData("name: caf\xE9\n", u"/r/latin.encoding"_s));
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(log.lines()[0].startsWith(u"Could not read encoding file (/r/latin.encoding), because '"_s));
+
+    log.clear();
+    EXPECT_FALSE(VHEncodingTester::encodingTesterFor(u"/nonexistent/x.encoding"_s));
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(
+        log.lines()[0].startsWith(u"Could not read encoding file (/nonexistent/x.encoding), because '"_s));
+}
+
+TEST(RulesFiles, ReadsAFileWithWindowsLineBreaks)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"crlf.encoding"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("name: CRLF\r\nnsstring: 12\r\ngood:\r\na\t1\r\n");
+    file.close();
+    const auto tester = VHEncodingTester::encodingTesterFor(path);
+    ASSERT_TRUE(tester);
+    EXPECT_EQ(tester->name(), u"CRLF"_s);
+    EXPECT_EQ(tester->good(), (QHash<char16_t, double>{{u'a', 1}}));
+    EXPECT_EQ(tester->path(), path);
+    EXPECT_TRUE(tester->description().startsWith(u"Encoding 'CRLF' (12) <VHEncodingTester: 0x"_s));
+}
