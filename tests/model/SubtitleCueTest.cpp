@@ -54,8 +54,10 @@ TEST_F(CueTiming, EndIsClampedToTheStartAndEndGrewFollowsTheRequestedEnd)
     // With the end before the start (only replaceStart makes that), a request below the old
     // end posts nothing although the stored end, the start, lies after the old end.
     cue->replaceStart(30, 20);
+    take();
     cue->setEnd(15);
     EXPECT_EQ(cue->end(), 30);
+    EXPECT_EQ(take(), EndChanged);
     cue->replaceStart(30, 20);
     take();
     cue->setEnd(25);
