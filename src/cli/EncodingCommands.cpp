@@ -67,8 +67,8 @@ int runDetectEncoding(const QStringList &args)
     const double ratio = doubleOption(parser, u"ratio"_s, &ok).value_or(0.6);
     if (!ok || ratio < 0)
         return usageError(parser, u"--ratio takes a number not below 0."_s);
-    if (!parser.isSet(u"log-characters"_s))
-        QLoggingCategory::setFilterRules(u"captora.encoding.characters=false"_s);
+    if (parser.isSet(u"log-characters"_s))
+        QLoggingCategory::setFilterRules(u"captora.encoding.characters=true"_s);
 
     const QString path = parser.positionalArguments().first();
     if (!checkReadableFile(path))

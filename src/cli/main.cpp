@@ -5,6 +5,7 @@
 #include "Prompter.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -38,6 +39,11 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(u"captora-cli"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CAPTORA_VERSION));
     installLogHandler();
+    // The detector's per-character diagnostics ("Character '%C'", one line per suspicious
+    // character per language tried) run to hundreds of thousands of lines for one legacy
+    // file; commands keep them off unless asked (detect-encoding --log-characters, or
+    // QT_LOGGING_RULES=captora.encoding.characters=true).
+    QLoggingCategory::setFilterRules(u"captora.encoding.characters=false"_s);
     // Questions of the engine (an encoding that cannot be guessed, an overwrite) are asked on
     // a terminal; without one the command explains which option answers them and fails.
     CliPrompter prompter(u"Pass --encoding N to read the file in encoding N ('captora-cli encodings' lists them)."_s);

@@ -24,6 +24,8 @@ bool failWith(QString *error, const QString &reason)
 
 QString unsupported(EncodingId encoding)
 {
+    if (encoding == Encodings::None)
+        return u"No text encoding fits the file."_s;
     return u"The text encoding %1 is not supported."_s.arg(encoding);
 }
 

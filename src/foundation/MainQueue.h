@@ -29,7 +29,8 @@ public:
     qsizetype pending() const;
 
     // Drives the queue from QCoreApplication's event loop. Call on the main thread after
-    // the application object exists.
+    // the application object exists, and only for a queue that outlives the event loop
+    // (the process-wide main() queue): the posted events refer to the queue.
     void attachToEventLoop();
 
 private:

@@ -29,10 +29,10 @@ void Settings::useFile(const QString &path)
 QSettings &Settings::storage() const
 {
     if (!m_storage) {
-        // A process-private file that nobody else reads; removed with the temporary folder.
-        QTemporaryFile file(QDir::tempPath() + u"/captora-settings-XXXXXX.ini"_s);
-        file.setAutoRemove(false);
-        const QString path = file.open() ? file.fileName() : QDir::tempPath() + u"/captora-settings.ini"_s;
+        // A process-private file that nobody else reads, removed when the process ends.
+        m_throwaway = std::make_unique<QTemporaryFile>(QDir::tempPath() + u"/captora-settings-XXXXXX.ini"_s);
+        const QString path =
+            m_throwaway->open() ? m_throwaway->fileName() : QDir::tempPath() + u"/captora-settings.ini"_s;
         m_storage = std::make_unique<QSettings>(path, QSettings::IniFormat);
     }
     return *m_storage;

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QSettings;
+class QTemporaryFile;
 
 // User defaults: values the user stored, falling back to defaults registered in code.
 // Backed by QSettings: the user's INI file in the programs (useUserSettings()), a file of
@@ -44,6 +45,8 @@ public:
 
 private:
     QSettings &storage() const;
+    // Declared before the settings that use it, so that it outlives them.
+    mutable std::unique_ptr<QTemporaryFile> m_throwaway;
     mutable std::unique_ptr<QSettings> m_storage;
     QVariantMap m_defaults;
 };

@@ -1,6 +1,10 @@
 #include "VHSubtitle.h"
 
 #include "Log.h"
+#include "Prompter.h"
+#include "Settings.h"
+#include "VHEncoding.h"
+#include "VHEncodingChooser.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -29,28 +33,83 @@ bool readWholeFile(const QString &path, QByteArray *bytes, QString *error)
 }
 } // namespace
 
+namespace {
+QString s_encodingDefaultsKey; // null: the choice is not remembered
+
+// Asks for another encoding after every way of decoding failed. Returns the chosen encoding,
+// or none when the user cancels.
+std::optional<EncodingId> askForEncoding(EncodingId current)
+{
+    Prompt prompt;
+    prompt.message = u"File language problem:"_s;
+    prompt.informative = u"Could not open subtitle file using '%1' encoding. Please select a different encoding:"_s
+                             .arg(VHEncoding::nameForEncoding(current));
+    for (const VHEncoding &row : VHEncoding::catalogue()) {
+        if (row.isSeparator())
+            prompt.choices.append({QString(), 0, true});
+        else
+            prompt.choices.append({row.name(), qint64(row.codePage()), false});
+    }
+    prompt.selectedTag = qint64(current);
+    if (!s_encodingDefaultsKey.isEmpty())
+        prompt.checkboxTitle = u"Remember encoding as default."_s;
+    prompt.buttons = {u"Use Selected"_s, u"Cancel"_s};
+    const PromptAnswer answer = Prompter::shared().ask(prompt);
+    if (answer.button != 0)
+        return std::nullopt;
+    const auto chosen = EncodingId(answer.selectedTag);
+    if (!s_encodingDefaultsKey.isEmpty() && answer.checkboxChecked)
+        Settings::shared().setValue(s_encodingDefaultsKey, qint64(chosen));
+    return chosen;
+}
+} // namespace
+
+void VHSubtitle::setEncodingDefaultsKey(const QString &key)
+{
+    s_encodingDefaultsKey = key;
+}
+
+const QString &VHSubtitle::encodingDefaultsKey()
+{
+    return s_encodingDefaultsKey;
+}
+
 std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, EncodingId encoding,
                                                            bool encodingIsOptional)
 {
     QByteArray bytes;
     QString error;
+    // A file that cannot be read at all is not helped by choosing an encoding.
     if (!readWholeFile(path, &bytes, &error)) {
         logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
         return std::nullopt;
     }
-    QString text;
-    // 1. The encoding asked for, when it is not merely a suggestion.
-    if (!encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
-        return text;
-    // 2. Byte-order marks and strict UTF-8.
-    EncodingId detected = Encodings::None;
-    if (TextCodec::decodeAutomatically(bytes, &text, &detected))
-        return text;
-    // 3. The suggested encoding.
-    if (encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
-        return text;
-    logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
-    return std::nullopt;
+    for (;;) {
+        QString text;
+        // 1. The encoding asked for, when it is not merely a suggestion.
+        if (!encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
+            return text;
+        // 2. Byte-order marks and strict UTF-8.
+        EncodingId detected = Encodings::None;
+        if (TextCodec::decodeAutomatically(bytes, &text, &detected))
+            return text;
+        // 3. The suggested encoding.
+        if (encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
+            return text;
+        // 4. The per-language detector.
+        FileReadError detectorError;
+        if (std::optional<QString> detectedText =
+                VHEncodingChooser::sharedEncodingChooser().contentOfFile(path, 0.6, &detectorError))
+            return detectedText;
+        if (!detectorError.description.isEmpty())
+            error = detectorError.description;
+        // 5.-9. Tell why, and ask for an encoding until one decodes or the user cancels.
+        logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
+        const std::optional<EncodingId> chosen = askForEncoding(encoding);
+        if (!chosen)
+            return std::nullopt;
+        encoding = *chosen;
+    }
 }
 
 std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &path, double fps, double length,

@@ -114,6 +114,11 @@ public:
                                                               double length = 0);
     static std::optional<QString> stringWithContentsOfURL(const QString &path, EncodingId encoding,
                                                           bool encodingIsOptional);
+    // The settings key under which an encoding the user chose when a file could not be
+    // decoded may be remembered ("Encoding" in the program); while it is empty the choice
+    // is not offered.
+    static void setEncodingDefaultsKey(const QString &key);
+    static const QString &encodingDefaultsKey();
 
     // The formatter of cue times: not localized, "," before the milliseconds.
     static const VHTimeValueTransformer &timeFormatter();
