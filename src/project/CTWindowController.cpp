@@ -1,6 +1,7 @@
 #include "CTWindowController.h"
 
 #include "CTFileHelper.h"
+#include "FolderPermissions.h"
 #include "LocaleNames.h"
 #include "Log.h"
 #include "MainQueue.h"
@@ -10,6 +11,7 @@
 #include "Settings.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -55,7 +57,18 @@ CTWindowController::CTWindowController(ProjectView *view, PlaybackControl *playe
     registerDefaults();
 }
 
-CTWindowController::~CTWindowController() = default;
+CTWindowController::~CTWindowController()
+{
+    if (m_permissions)
+        m_permissions->activateBookmarks(false);
+}
+
+bool CTWindowController::canGetAccessToFolder(const QString &moviePath)
+{
+    if (!m_permissions)
+        m_permissions = std::make_unique<FolderPermissions>(m_permissionStorePath);
+    return m_permissions->canGetAccessToFolder(moviePath, m_view);
+}
 
 QStringList CTWindowController::dependentKeys(const QString &key) const
 {
@@ -71,6 +84,8 @@ QStringList CTWindowController::dependentKeys(const QString &key) const
 void CTWindowController::windowDidLoad()
 {
     Settings &settings = Settings::shared();
+    m_permissions = std::make_unique<FolderPermissions>(m_permissionStorePath);
+    m_permissions->activateBookmarks(true);
     m_searchCaseSensitive = settings.boolValue(u"searchCaseSensitive"_s);
     m_languages.clear();
     m_waitingSheets.clear();
@@ -478,7 +493,8 @@ void CTWindowController::setMoviePath(const QString &path)
         setSubtitles({});
     }
     didChangeValueForKey(u"hasMovie"_s);
-    if (path.isEmpty()) {
+    if (path.isEmpty() || !QFileInfo(path).isFile() || !canGetAccessToFolder(path)) {
+        m_moviePath.clear();
         Settings::shared().remove(u"LastVideo"_s);
         setBasePath(QString());
         storeSubtitlePath(QString());

@@ -14,6 +14,7 @@
 
 #include "ProjectView.h"
 
+class FolderPermissions;
 class PlaybackControl;
 
 // The project: one movie, the subtitle file being edited for it (one language at a time,
@@ -192,6 +193,11 @@ public:
     // Set by the movie side: asks whether an automatic embedding starts (and starts it).
     void setWillAutoEmbed(std::function<bool()> willAutoEmbed) { m_willAutoEmbed = std::move(willAutoEmbed); }
     void setMoviePath(const QString &path);
+    // True when the movie's folder can be written to (asking the user for a folder if not).
+    bool canGetAccessToFolder(const QString &moviePath);
+    // The store of folders the user gave access to ("Boomarks.plist"); tests point it
+    // elsewhere before windowDidLoad().
+    void setFolderPermissionStore(const QString &path) { m_permissionStorePath = path; }
 
     // --- sheets ----------------------------------------------------------------------------
     void addSheet(const Sheet &sheet);
@@ -286,6 +292,8 @@ private:
     LanguageList m_languages;
     qsizetype m_selectedLanguageIndex = -1;
     QList<Sheet> m_waitingSheets;
+    QString m_permissionStorePath;
+    std::unique_ptr<FolderPermissions> m_permissions;
     QString m_newLocale;
     double m_fps = 0;
     double m_movieDuration = 0;

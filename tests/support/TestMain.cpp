@@ -1,4 +1,5 @@
 #include <QCoreApplication>
+#include <QStandardPaths>
 
 #include <gtest/gtest.h>
 
@@ -7,5 +8,8 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     QCoreApplication app(argc, argv);
+    // Stores the program keeps in the user's folders (the folder-permission store) go to a
+    // test location instead.
+    QStandardPaths::setTestModeEnabled(true);
     return RUN_ALL_TESTS();
 }
