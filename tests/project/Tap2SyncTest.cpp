@@ -1,0 +1,202 @@
+// Tap2Sync: re-timing a film by tapping each line as it is heard.
+#include "ProjectFixture.h"
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// A player that remembers whether it plays, so that entering and leaving the mode show.
+class PlayingPlayer final : public PlaybackControl
+{
+public:
+    double time = 0;
+    bool playing = false;
+    QList<double> seeks;
+
+    bool hasMovie() const override { return true; }
+    double currentTime() const override { return time; }
+    void setCurrentTime(double seconds) override
+    {
+        seeks << seconds;
+        time = seconds;
+    }
+    double fps() const override { return 25; }
+    double duration() const override { return 100; }
+    bool isPlaying() const override { return playing; }
+    void setPlaying(bool p) override { playing = p; }
+    void setSubtitles(const SubtitleList &) override {}
+    void setShowSubtitle(bool) override {}
+    void redrawCurrentSubtitle() override {}
+    qsizetype currentSegmentIndex() const override { return 0; }
+};
+
+// Cues of 4 s at 10, 20, 30 and 40 s in a 100 s movie at 25 fps; the explanation is
+// suppressed except where it is the subject.
+class Tap2SyncTest : public ProjectTest
+{
+protected:
+    void SetUp() override
+    {
+        ProjectTest::SetUp();
+        project = std::make_unique<CTWindowController>(&view, &playing);
+        view.project = project.get();
+        project->windowDidLoad();
+        const QString movie = dir.write(u"Film.m4v"_s, "movie");
+        project->setMoviePath(movie);
+        project->setMovieInfo(movie, 1, 25, 100);
+        project->setSubtitles(cues({{10, 14}, {20, 24}, {30, 34}, {40, 44}}));
+        Settings::shared().setValue(u"ShownTap2Sync"_s, true);
+    }
+    SubtitlePtr cue(qsizetype i) const { return project->subtitles()[i]; }
+    void playAt(double t)
+    {
+        playing.time = t;
+        project->setCurrentTime(t);
+    }
+    QString menuTitle() const { return project->validateMenuItem(u"toggleTap2Sync:"_s).title.value_or(QString()); }
+
+    PlayingPlayer playing;
+};
+} // namespace
+
+TEST_F(Tap2SyncTest, TheExplanationShowsUntilSuppressedAndCancelKeepsTheMode)
+{
+    Settings::shared().remove(u"ShownTap2Sync"_s);
+    prompter.answers = {PromptAnswer{1, 0, true}};
+    project->toggleTap2Sync();
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    const Prompt &prompt = prompter.prompts[0];
+    EXPECT_EQ(prompt.message, u"How to use \"Tap2Sync\""_s);
+    EXPECT_EQ(prompt.informative,
+              u"Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear the current "
+              "subtitle instantly press space. It will fix that subtitle and move to the next."_s);
+    EXPECT_EQ(prompt.buttons, (QStringList{u"Start"_s, u"Cancel"_s}));
+    EXPECT_FALSE(prompt.checkboxTitle.isEmpty());
+    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_FALSE(Settings::shared().boolValue(u"ShownTap2Sync"_s));
+    EXPECT_EQ(menuTitle(), u"Enter \"Tap2Sync\" Mode"_s);
+
+    prompter.answers = {PromptAnswer{0, 0, false}};
+    project->toggleTap2Sync();
+    EXPECT_EQ(project->fixMode(), 4);
+    EXPECT_EQ(project->modeIsFix(), -1);
+    EXPECT_EQ(menuTitle(), u"Exit \"Tap2Sync\" Mode"_s);
+    EXPECT_FALSE(Settings::shared().boolValue(u"ShownTap2Sync"_s));
+    project->toggleTap2Sync();
+    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(prompter.prompts.size(), 2); // leaving asks nothing
+
+    prompter.answers = {PromptAnswer{0, 0, true}};
+    project->toggleTap2Sync();
+    EXPECT_TRUE(Settings::shared().boolValue(u"ShownTap2Sync"_s));
+    project->toggleTap2Sync();
+    project->toggleTap2Sync();
+    EXPECT_EQ(project->fixMode(), 4);
+    EXPECT_EQ(prompter.prompts.size(), 3);
+}
+
+TEST_F(Tap2SyncTest, EnteringShowsAllCuesSelectsTheCueBeforeThePlayheadAndRewinds)
+{
+    project->setSearchString(u"c3"_s);
+    ASSERT_EQ(project->arrangedSubtitles().size(), 1);
+    playAt(35);
+    project->toggleTap2Sync();
+    EXPECT_EQ(project->searchString(), u""_s);
+    EXPECT_EQ(project->arrangedSubtitles().size(), 4);
+    EXPECT_EQ(project->selectionIndices(), QList<qsizetype>{2});
+    EXPECT_EQ(project->currentSubtitle(), cue(2));
+    // Its predecessor became the anchor the re-timing starts from.
+    EXPECT_TRUE(cue(1)->fixed());
+    EXPECT_FALSE(cue(0)->fixed());
+    EXPECT_EQ(project->fixRange().startChange, 20);
+    // Selecting in the mode does not seek; entering it rewinds by three seconds and plays.
+    EXPECT_EQ(playing.seeks, QList<double>{32});
+    EXPECT_EQ(project->currentTime(), 32);
+    EXPECT_TRUE(playing.playing);
+}
+
+TEST_F(Tap2SyncTest, TheRewindStopsJustAfterTheAnchorAndOnlyHappensWhenPaused)
+{
+    project->setSelectionIndices({2});
+    playAt(21);
+    playing.seeks.clear();
+    project->toggleTap2Sync();
+    ASSERT_EQ(playing.seeks.size(), 1);
+    EXPECT_DOUBLE_EQ(playing.seeks[0], 20 + 0.001);
+    project->toggleTap2Sync();
+    EXPECT_FALSE(playing.playing);
+
+    Settings::shared().setValue(u"TapFixPrev"_s, false);
+    cue(1)->setFixed(false);
+    project->setSelectionIndices({2});
+    playAt(21);
+    playing.seeks.clear();
+    project->toggleTap2Sync();
+    EXPECT_FALSE(cue(1)->fixed());
+    EXPECT_EQ(playing.seeks, QList<double>{18});
+    project->toggleTap2Sync();
+
+    playing.playing = true;
+    playAt(25);
+    playing.seeks.clear();
+    project->toggleTap2Sync();
+    EXPECT_TRUE(playing.seeks.isEmpty());
+    EXPECT_TRUE(playing.playing);
+}
+
+TEST_F(Tap2SyncTest, ATapFixesTheStartLessTheDelayAndMovesOnUntilTheLastCue)
+{
+    Settings::shared().setValue(u"TapDelaySecs"_s, 0.3);
+    project->setSelectionIndices({0});
+    playAt(9);
+    project->toggleTap2Sync();
+    playAt(12);
+    project->fixSubtitleStart();
+    MainQueue::main().drain();
+    // The run after is stretched from the delayed start: (100 - 11.7)/(100 - 10) about 10 s.
+    const double f = 88.3 / 90;
+    EXPECT_NEAR(cue(0)->start(), 11.7, 1e-9);
+    EXPECT_NEAR(cue(0)->end(), 11.7 + 4 * f, 1e-9);
+    EXPECT_NEAR(cue(1)->start(), 11.7 + 10 * f, 1e-9);
+    EXPECT_NEAR(cue(3)->end(), 11.7 + 34 * f, 1e-9);
+    EXPECT_TRUE(cue(0)->fixed());
+    EXPECT_EQ(project->currentSubtitle(), cue(1));
+    EXPECT_EQ(project->selectionIndices(), QList<qsizetype>{1});
+    EXPECT_EQ(project->fixMode(), 4);
+
+    for (double t : {22.0, 32.0, 42.0}) {
+        playAt(t);
+        project->fixSubtitleStart();
+        MainQueue::main().drain();
+    }
+    for (qsizetype i = 1; i < 4; ++i)
+        EXPECT_NEAR(cue(i)->start(), 10 * i + 11.7, 1e-9) << "cue " << i;
+    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_FALSE(playing.playing);
+}
+
+TEST_F(Tap2SyncTest, EscapeFocusLossStoppedPlaybackAndTheNextAnchorEndTheMode)
+{
+    cue(3)->setFixed(true);
+    const std::function<void()> exits[] = {
+        [&] { project->fixButtonGotEscape(); },
+        [&] { project->fixButtonDidResignFirstResponder(); },
+        [&] { project->movieChangedPlaying(false); },
+        [&] { playAt(40); }, // the anchor after the run
+    };
+    for (const auto &leave : exits) {
+        SCOPED_TRACE(&leave - exits);
+        project->setSelectionIndices({1});
+        playAt(25);
+        project->toggleTap2Sync();
+        ASSERT_EQ(project->fixMode(), 4);
+        ASSERT_TRUE(playing.playing);
+        playAt(39.99);
+        project->movieChangedPlaying(true);
+        EXPECT_EQ(project->fixMode(), 4);
+        leave();
+        EXPECT_EQ(project->fixMode(), 1);
+        EXPECT_FALSE(playing.playing);
+    }
+}
