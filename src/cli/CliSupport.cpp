@@ -159,6 +159,30 @@ bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVT
     return written;
 }
 
+void printCuesAsJson(const SubtitleList &cues)
+{
+    QByteArray out;
+    out.reserve(1 << 16);
+    out.append('[');
+    bool first = true;
+    for (const SubtitlePtr &cue : cues) {
+        out.append(first ? "\n  {\"start\": " : ",\n  {\"start\": ");
+        first = false;
+        appendJsonNumber(out, cue->start());
+        out.append(", \"end\": ");
+        appendJsonNumber(out, cue->end());
+        out.append(cue->forced() ? ", \"forced\": true, \"text\": " : ", \"forced\": false, \"text\": ");
+        appendJsonString(out, cue->string());
+        out.append('}');
+        if (out.size() > (1 << 16) - 1024) {
+            printOut(out);
+            out.clear();
+        }
+    }
+    out.append("\n]\n");
+    printOut(out);
+}
+
 void appendJsonNumber(QByteArray &out, double value)
 {
     if (!std::isfinite(value)) {

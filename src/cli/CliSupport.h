@@ -55,6 +55,10 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
 bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVTT, EncodingId encoding,
                        bool windowsLineBreaks);
 
+// Prints the cues as one JSON array, an object per cue: start, end, forced, text. Streams
+// in chunks, so a long list never sits in memory twice.
+void printCuesAsJson(const SubtitleList &cues);
+
 // Appends `value` as the shortest JSON number that reads back to the same double.
 void appendJsonNumber(QByteArray &out, double value);
 void appendJsonString(QByteArray &out, const QString &text);

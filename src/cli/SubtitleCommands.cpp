@@ -25,26 +25,7 @@ int runDump(const QStringList &args)
     if (!cues)
         return ExitFailure;
 
-    QByteArray out;
-    out.reserve(1 << 16);
-    out.append('[');
-    bool first = true;
-    for (const SubtitlePtr &cue : *cues) {
-        out.append(first ? "\n  {\"start\": " : ",\n  {\"start\": ");
-        first = false;
-        appendJsonNumber(out, cue->start());
-        out.append(", \"end\": ");
-        appendJsonNumber(out, cue->end());
-        out.append(cue->forced() ? ", \"forced\": true, \"text\": " : ", \"forced\": false, \"text\": ");
-        appendJsonString(out, cue->string());
-        out.append('}');
-        if (out.size() > (1 << 16) - 1024) {
-            printOut(out);
-            out.clear();
-        }
-    }
-    out.append("\n]\n");
-    printOut(out);
+    printCuesAsJson(*cues);
     return ExitOk;
 }
 

@@ -38,23 +38,6 @@ private:
     double m_time = 0;
 };
 
-void printCuesAsJson(const SubtitleList &cues)
-{
-    QByteArray out = "[";
-    bool first = true;
-    for (const SubtitlePtr &cue : cues) {
-        out.append(first ? "\n  {\"start\": " : ",\n  {\"start\": ");
-        first = false;
-        appendJsonNumber(out, cue->start());
-        out.append(", \"end\": ");
-        appendJsonNumber(out, cue->end());
-        out.append(cue->forced() ? ", \"forced\": true, \"text\": " : ", \"forced\": false, \"text\": ");
-        appendJsonString(out, cue->string());
-        out.append('}');
-    }
-    out.append("\n]\n");
-    printOut(out);
-}
 } // namespace
 
 int runShift(const QStringList &args)

@@ -38,7 +38,16 @@ QString VHSubtitle::subRipText(const SubtitleList &subtitles, bool useWindowsLin
 bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &path, EncodingId encoding,
                                 bool useWindowsLineBreak)
 {
-    const QString text = subRipText(subtitles, useWindowsLineBreak);
+    return writeSubtitleText(subRipText(subtitles, useWindowsLineBreak), path, encoding);
+}
+
+bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &path)
+{
+    return writeSubtitles(subtitles, path, Encodings::UTF8, false);
+}
+
+bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding)
+{
     QByteArray bytes;
     QString error;
     if (!TextCodec::encode(text, encoding == Encodings::None ? Encodings::UTF8 : encoding, &bytes, &error) ||
@@ -47,9 +56,4 @@ bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &pa
         return false;
     }
     return true;
-}
-
-bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &path)
-{
-    return writeSubtitles(subtitles, path, Encodings::UTF8, false);
 }

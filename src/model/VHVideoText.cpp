@@ -104,15 +104,7 @@ QString VHVideoText::webVTTText(const SubtitleList &marks, bool useWindowsLineBr
 bool VHVideoText::writeVideoText(const SubtitleList &marks, const QString &path, EncodingId encoding,
                                  bool useWindowsLineBreak)
 {
-    const QString text = webVTTText(marks, useWindowsLineBreak);
-    QByteArray bytes;
-    QString error;
-    if (!TextCodec::encode(text, encoding == Encodings::None ? Encodings::UTF8 : encoding, &bytes, &error) ||
-        !writeFileAtomically(path, bytes, &error)) {
-        logLine(u"Warning: Could not save file, because: %1"_s.arg(error));
-        return false;
-    }
-    return true;
+    return writeSubtitleText(webVTTText(marks, useWindowsLineBreak), path, encoding);
 }
 
 bool VHVideoText::writeVideoText(const SubtitleList &marks, const QString &path)
