@@ -21,6 +21,20 @@ namespace {
 // or text line; 4 after blanks following state 3.
 enum State { Start = 0, AfterNumber = 1, BlankAfterNumber = 2, InCue = 3, BlankInCue = 4 };
 
+// The first "-->" of a line. Searching for the "-" alone and checking what follows is much
+// cheaper than a general substring search, and this runs on nearly every line.
+qsizetype indexOfArrow(QStringView line)
+{
+    for (qsizetype from = 0;;) {
+        const qsizetype dash = line.indexOf(u'-', from);
+        if (dash < 0 || dash + 2 >= line.size())
+            return -1;
+        if (line[dash + 1] == u'-' && line[dash + 2] == u'>')
+            return dash;
+        from = dash + 1;
+    }
+}
+
 QString formatted(double seconds)
 {
     return VHSubtitle::formatedTime(seconds);
@@ -80,7 +94,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
             appendText(line);
             continue;
         }
-        const qsizetype arrow = line.indexOf(u"-->");
+        const qsizetype arrow = indexOfArrow(line);
         if (arrow >= 0) {
             const QStringView startText = line.first(arrow);
             QStringView endText = line.sliced(arrow + 3);
