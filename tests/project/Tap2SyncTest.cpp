@@ -50,7 +50,10 @@ protected:
         playing.time = t;
         project->setCurrentTime(t);
     }
-    QString menuTitle() const { return project->validateMenuItem(u"toggleTap2Sync:"_s).title.value_or(QString()); }
+    QString menuTitle() const
+    {
+        return project->validateMenuItem(u"toggleTap2Sync:"_s).title.value_or(QString());
+    }
 
     PlayingPlayer playing;
 };
@@ -182,10 +185,8 @@ TEST_F(Tap2SyncTest, EscapeFocusLossStoppedPlaybackAndTheNextAnchorEndTheMode)
 {
     cue(3)->setFixed(true);
     const std::function<void()> exits[] = {
-        [&] { project->fixButtonGotEscape(); },
-        [&] { project->fixButtonDidResignFirstResponder(); },
-        [&] { project->movieChangedPlaying(false); },
-        [&] { playAt(40); }, // the anchor after the run
+        [&] { project->fixButtonGotEscape(); }, [&] { project->fixButtonDidResignFirstResponder(); },
+        [&] { project->movieChangedPlaying(false); }, [&] { playAt(40); }, // the anchor after the run
     };
     for (const auto &leave : exits) {
         SCOPED_TRACE(&leave - exits);

@@ -67,7 +67,10 @@ protected:
 };
 
 // Succinct time texts use the locale's decimal point.
-QString seconds(const QString &whole) { return whole + QLocale::system().decimalPoint() + u"000"_s; }
+QString seconds(const QString &whole)
+{
+    return whole + QLocale::system().decimalPoint() + u"000"_s;
+}
 } // namespace
 
 // --- range -----------------------------------------------------------------------------------
@@ -128,8 +131,8 @@ TEST_F(FixTest, FixStretchesBothRunsSoThatTheAnchorsStay)
     // Before: 33/30 about 0. After: (100 - 33)/(100 - 30) about 30, shifted by 3; the fixed
     // cue's length scales with the run after it.
     const double after = 67.0 / 70.0;
-    expectTimes(project->subtitles(), {{11, 15.4}, {22, 26.4}, {33, 33 + 4 * after},
-                                       {33 + 10 * after, 33 + 14 * after}});
+    expectTimes(project->subtitles(),
+                {{11, 15.4}, {22, 26.4}, {33, 33 + 4 * after}, {33 + 10 * after, 33 + 14 * after}});
     EXPECT_TRUE(cue(2)->fixed());
     EXPECT_EQ(project->start(), 33);
     EXPECT_TRUE(project->hasChanged());
@@ -165,8 +168,8 @@ TEST_F(FixTest, TheAnchorBeforeTheRunIsCutOnlyAfterTheFixCompletes)
     EXPECT_NEAR(cue(0)->end(), 11, 1e-9);
     MainQueue::main().drain();
     const double after = 88.0 / 70.0;
-    expectTimes(project->subtitles(), {{10, 11}, {11, 11.4}, {12, 12 + 4 * after},
-                                       {12 + 10 * after, 12 + 14 * after}});
+    expectTimes(project->subtitles(),
+                {{10, 11}, {11, 11.4}, {12, 12 + 4 * after}, {12 + 10 * after, 12 + 14 * after}});
 }
 
 TEST_F(FixTest, ANonPositiveFactorIsLoggedAndItsRunLeftButItStillSizesTheFixedCue)
@@ -239,8 +242,8 @@ TEST_F(FixTest, HalfAFrameBeforeTheRangeIsClampedAndAnythingEarlierRefused)
     project->setStart(edge);
     MainQueue::main().drain();
     const double after = 80.0 / 70.0;
-    expectTimes(project->subtitles(), {{10, 14}, {20, 20}, {20, 20 + 4 * after},
-                                       {20 + 10 * after, 20 + 14 * after}});
+    expectTimes(project->subtitles(),
+                {{10, 14}, {20, 20}, {20, 20 + 4 * after}, {20 + 10 * after, 20 + 14 * after}});
     EXPECT_EQ(project->start(), 20);
 }
 
