@@ -1,4 +1,8 @@
+// captora-cli, run as a user runs it.
+#include "Resources.h"
 #include "TestSupport.h"
+#include "TextCodec.h"
+#include "VHEncoding.h"
 #include "VHSubtitle.h"
 
 #include <QDir>
@@ -7,7 +11,6 @@
 #include <QJsonDocument>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -16,8 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 struct CliRun
 {
-    bool crashed = true;
-    int status = -1;
+    int status = -1; // -1: crashed or hung
     QByteArray out, err;
 
     qsizetype errorLines() const { return QString::fromUtf8(err).split(u'\n').filter(u"Error: "_s).size(); }
@@ -28,22 +30,25 @@ CliRun cli(const QStringList &args)
     QProcess process;
     process.start(QStringLiteral(CAPTORA_CLI), args);
     process.closeWriteChannel(); // nobody answers questions
-    CliRun run;
-    if (!process.waitForFinished(30000)) {
-        process.kill();
-        process.waitForFinished();
-        ADD_FAILURE() << "captora-cli did not finish";
-        return run;
-    }
-    run.crashed = process.exitStatus() != QProcess::NormalExit;
-    run.status = process.exitCode();
-    run.out = process.readAllStandardOutput();
-    run.err = process.readAllStandardError();
-    return run;
+    if (!process.waitForFinished(30000))
+        ADD_FAILURE() << "captora-cli did not finish"; // killed as the process object goes
+    return {process.exitStatus() == QProcess::NormalExit && process.state() == QProcess::NotRunning
+                ? process.exitCode()
+                : -1,
+            process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
 const QByteArray Clean = "1\r\n00:00:01,500 --> 00:00:02,750 !!!\r\nSay \"hi\" \\ a\tb\x01\r\n  second line\r\n\r\n"
                          "2\r\n00:00:03,100 --> 00:00:04,000\r\nGr\xc3\xbc\xc3\x9f" "e \xf0\x9f\x98\x80\r\n\r\n";
+
+QByteArray russianInCp1251()
+{
+    QByteArray bytes;
+    EXPECT_TRUE(TextCodec::encode(u"1\n00:00:01,000 --> 00:00:02,000\nГде ты был вчера вечером?\n\n"
+                                  u"2\n00:00:03,000 --> 00:00:04,000\nЗнаю, прости. У меня сел телефон.\n"_s,
+                                  Encodings::WindowsCP1251, &bytes));
+    return bytes;
+}
 } // namespace
 
 TEST(CliDump, PrintsEveryCueAsJsonWithShortestRoundTripNumbers)
@@ -57,8 +62,6 @@ TEST(CliDump, PrintsEveryCueAsJsonWithShortestRoundTripNumbers)
     const QJsonArray cues = QJsonDocument::fromJson(run.out, &error).array();
     ASSERT_EQ(error.error, QJsonParseError::NoError) << run.out.toStdString();
     ASSERT_EQ(cues.size(), 2);
-    EXPECT_EQ(cues[0][u"start"_s].toDouble(), 1.5);
-    EXPECT_EQ(cues[0][u"end"_s].toDouble(), 2.75);
     EXPECT_TRUE(cues[0][u"forced"_s].toBool());
     EXPECT_EQ(cues[0][u"text"_s].toString(), u"Say \"hi\" \\ a\tb\x01\nsecond line"_s);
     EXPECT_FALSE(cues[1][u"forced"_s].toBool());
@@ -71,20 +74,17 @@ TEST(CliDump, PrintsEveryCueAsJsonWithShortestRoundTripNumbers)
     ASSERT_TRUE(model.has_value());
     EXPECT_EQ(cues[1][u"start"_s].toDouble(), model->at(1)->start());
     EXPECT_TRUE(run.out.contains("\"start\": 1.5, \"end\": 2.75,"));
-    const QRegularExpression number(u"\"(start|end)\": ([-0-9.eE+]+)"_s);
-    for (const auto &match : number.globalMatch(QString::fromUtf8(run.out)))
-        EXPECT_FALSE(match.captured(2).contains(QRegularExpression(u"0000|9999"_s))) << match.captured(2).toStdString();
+    EXPECT_TRUE(run.out.contains("\"start\": 3.1, \"end\": 4,")) << run.out.toStdString();
 }
 
-TEST(CliUsage, ExitStatusesTellSuccessFailureAndMisuseApart)
+TEST(CliUsage, MisuseExitsWithTwoAndHelpWithZero)
 {
     TempDir dir;
     const QString input = dir.write(u"in.srt"_s, Clean);
-    EXPECT_EQ(cli({u"dump"_s, input}).status, 0);
     EXPECT_EQ(cli({u"convert"_s, u"--help"_s}).status, 0);
-    EXPECT_EQ(cli({u"dump"_s, dir.path(u"missing.srt"_s)}).status, 1);
-    for (const QStringList &misuse : {QStringList{}, QStringList{u"frobnicate"_s}, QStringList{u"dump"_s, input, input},
-                                      QStringList{u"dump"_s, u"--fps"_s, u"abc"_s, input}}) {
+    for (const QStringList &misuse :
+         {QStringList{}, {u"frobnicate"_s}, {u"dump"_s, input, input}, {u"dump"_s, u"--fps"_s, u"abc"_s, input},
+          {u"detect-encoding"_s}, {u"detect-encoding"_s, u"--ratio"_s, u"-1"_s, input}, {u"encodings"_s, u"extra"_s}}) {
         const CliRun run = cli(misuse);
         EXPECT_EQ(run.status, 2) << misuse.join(u' ').toStdString();
         EXPECT_TRUE(run.out.isEmpty());
@@ -109,7 +109,6 @@ TEST(CliBadInput, EveryUnreadableInputGivesOneErrorLineAndTouchesNoOutput)
         for (const QStringList &args : {QStringList{u"dump"_s, input}, {u"convert"_s, input, dir.path(u"new.srt"_s)},
                                         {u"convert"_s, input, dir.path(u"existing.srt"_s)}}) {
             const CliRun run = cli(args);
-            EXPECT_FALSE(run.crashed);
             EXPECT_EQ(run.status, 1);
             EXPECT_EQ(run.errorLines(), 1) << run.err.toStdString();
             EXPECT_TRUE(run.out.isEmpty());
@@ -118,17 +117,23 @@ TEST(CliBadInput, EveryUnreadableInputGivesOneErrorLineAndTouchesNoOutput)
     }
     EXPECT_EQ(dir.entries(), (QStringList{u"blank.srt"_s, u"empty.srt"_s, u"existing.srt"_s, u"folder.srt"_s,
                                           u"noise.srt"_s}));
+
+    // The detector rejects noise, and says it cannot read a missing file.
+    const CliRun noiseRun = cli({u"detect-encoding"_s, dir.path(u"noise.srt"_s)});
+    EXPECT_EQ(noiseRun.status, 1);
+    EXPECT_TRUE(noiseRun.out.contains("decision: rejected")) << noiseRun.out.toStdString();
+    const CliRun missing = cli({u"detect-encoding"_s, dir.path(u"missing.srt"_s)});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_TRUE(missing.err.startsWith("Error: Could not read")) << missing.err.toStdString();
 }
 
-TEST(CliConvert, WritesCanonicalSubRipInEitherLineBreakStyle)
+// Also over a longer file, leaving nothing else behind.
+TEST(CliConvert, WritesSubRipInEitherLineBreakStyle)
 {
     TempDir dir;
-    const QString input = dir.write(u"in.srt"_s, "00:00:01,5 --> 00:00:02.75\r\n   Hello\r\nthere   \r\n\r\n"
-                                                 "00:00:03,000 --> 00:00:04,000 !!!\r\nForced\r\n\r\n"
-                                                 "00:00:05,000 --> 00:00:06,000\r\nEnd\r\n");
-    const QByteArray expected = "1\n00:00:01,500 --> 00:00:02,750\nHello\nthere\n\n"
-                                "2\n00:00:03,000 --> 00:00:04,000 !!!\nForced\n\n"
-                                "3\n00:00:05,000 --> 00:00:06,000\nEnd\n\n";
+    const QString input = dir.write(u"in.srt"_s, Clean);
+    const QByteArray expected = "1\n00:00:01,500 --> 00:00:02,750 !!!\nSay \"hi\" \\ a\tb\x01\nsecond line\n\n"
+                                "2\n00:00:03,100 --> 00:00:04,000\nGr\xc3\xbc\xc3\x9f" "e \xf0\x9f\x98\x80\n\n";
     dir.write(u"out.srt"_s, QByteArray(10000, 'x'));
 
     EXPECT_EQ(cli({u"convert"_s, input, dir.path(u"out.srt"_s)}).status, 0);
@@ -154,4 +159,34 @@ TEST(CliConvert, UnwritableOutputIsReportedAndLeftUntouched)
     EXPECT_EQ(QDir(dir.path(u"out.srt"_s)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList{u"inside"_s});
     EXPECT_EQ(dir.entries(), (QStringList{u"in.srt"_s, u"out.srt"_s}));
+}
+
+TEST(CliEncodings, EncodingsListsTheCatalogueWithNumbersAndItsSeparator)
+{
+    const CliRun run = cli({u"encodings"_s});
+    EXPECT_EQ(run.status, 0);
+    const QStringList lines = QString::fromUtf8(run.out).split(u'\n', Qt::SkipEmptyParts);
+    const QList<VHEncoding> &rows = VHEncoding::catalogue();
+    ASSERT_EQ(lines.size(), rows.size());
+    for (qsizetype i = 0; i < rows.size(); ++i)
+        EXPECT_EQ(lines[i].simplified(), rows[i].isSeparator() ? u"----------"_s
+                                                               : QString::number(rows[i].codePage()) + u' ' + rows[i].name());
+}
+
+TEST(CliEncodings, DetectEncodingReportsTheWinnerEveryScoreAndBadCharactersOnlyWhenAsked)
+{
+    TempDir dir;
+    const QString path = dir.write(u"russian.srt"_s, russianInCp1251());
+    const CliRun run = cli({u"detect-encoding"_s, path});
+    EXPECT_EQ(run.status, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("encoding: Cyrillic (Windows) (11)\n")) << run.out.toStdString();
+    EXPECT_TRUE(run.out.contains("rules:    Russian"));
+    EXPECT_TRUE(run.out.contains("decision: accepted at ratio 0.6\n"));
+    EXPECT_FALSE(run.err.contains("Character '"));
+
+    const CliRun all = cli({u"detect-encoding"_s, u"--all"_s, u"--log-characters"_s, path});
+    EXPECT_EQ(all.status, 0);
+    const qsizetype rulesFiles = QDir(resourcePath(u"encodings"_s)).entryList({u"*.encoding"_s}, QDir::Files).size();
+    EXPECT_EQ(QString::fromUtf8(all.out).section(u"\n\n"_s, 0, 0).split(u'\n').size(), rulesFiles);
+    EXPECT_TRUE(all.err.contains("Character '"));
 }

@@ -2,14 +2,13 @@
 // it has rules for, each written in every code page that language's subtitles come in.
 // A file counts as right when the detector's text equals the text that was written.
 
+#include "TestSupport.h"
 #include "TextCodec.h"
 #include "VHEncoding.h"
 #include "VHEncodingChooser.h"
 
-#include <QDir>
-#include <QFile>
 #include <QLoggingCategory>
-#include <QTemporaryDir>
+#include <QTime>
 
 #include <gtest/gtest.h>
 
@@ -20,81 +19,47 @@ using namespace Qt::StringLiterals;
 namespace {
 using namespace Encodings;
 
-struct Language
-{
-    const char *name;
-    std::vector<EncodingId> encodings;
+// Languages (tests/data/encoding/texts/<language>.txt) by the code pages their subtitles come in.
+const std::pair<QStringList, std::vector<EncodingId>> kLanguages[] = {
+    {{u"English"_s, u"French"_s, u"German"_s, u"Spanish"_s, u"Italian"_s, u"Portuguese"_s, u"Dutch"_s, u"Swedish"_s,
+      u"Danish"_s, u"Norwegian"_s},
+     {WindowsCP1252, ISOLatin1, MacRoman}},
+    {{u"Polish"_s, u"Czech"_s, u"Slovak"_s, u"Hungarian"_s, u"Croatian"_s, u"Romanian"_s, u"Slovenian"_s},
+     {WindowsCP1250, ISOLatin2}},
+    {{u"Turkish"_s}, {WindowsCP1254, ISOLatin5}},
+    {{u"Russian"_s}, {WindowsCP1251, ISOLatinCyrillic, DOSRussian, MacCyrillic, KOI8R}},
+    {{u"Ukrainian"_s}, {WindowsCP1251, KOI8U}},
+    {{u"Bulgarian"_s, u"Serbian"_s}, {WindowsCP1251}},
+    {{u"Greek"_s}, {WindowsCP1253, ISOLatinGreek, DOSGreek, MacGreek}},
+    {{u"Hebrew"_s}, {WindowsHebrew, ISOLatinHebrew, DOSHebrew}},
+    {{u"Arabic"_s}, {WindowsArabic}},
+    {{u"Japanese"_s}, {ShiftJIS, JapaneseEUC}},
+    {{u"ChineseSimplified"_s}, {GB18030, DOSChineseSimplif, EUCCN}},
+    {{u"ChineseTraditional"_s}, {DOSChineseTrad, Big5}},
+    {{u"Korean"_s}, {DOSKorean, EUCKR}},
 };
 
-const std::vector<EncodingId> kWestern = {WindowsCP1252, ISOLatin1, MacRoman};
-const std::vector<EncodingId> kCentral = {WindowsCP1250, ISOLatin2};
-
-const Language kLanguages[] = {
-    {"English", kWestern},
-    {"French", kWestern},
-    {"German", kWestern},
-    {"Spanish", kWestern},
-    {"Italian", kWestern},
-    {"Portuguese", kWestern},
-    {"Dutch", kWestern},
-    {"Swedish", kWestern},
-    {"Danish", kWestern},
-    {"Norwegian", kWestern},
-    {"Polish", kCentral},
-    {"Czech", kCentral},
-    {"Slovak", kCentral},
-    {"Hungarian", kCentral},
-    {"Croatian", kCentral},
-    {"Romanian", kCentral},
-    {"Slovenian", kCentral},
-    {"Turkish", {WindowsCP1254, ISOLatin5}},
-    {"Russian", {WindowsCP1251, ISOLatinCyrillic, DOSRussian, MacCyrillic, KOI8R}},
-    {"Ukrainian", {WindowsCP1251, KOI8U}},
-    {"Bulgarian", {WindowsCP1251}},
-    {"Serbian", {WindowsCP1251}},
-    {"Greek", {WindowsCP1253, ISOLatinGreek, DOSGreek, MacGreek}},
-    {"Hebrew", {WindowsHebrew, ISOLatinHebrew, DOSHebrew}},
-    {"Arabic", {WindowsArabic}},
-    {"Japanese", {ShiftJIS, JapaneseEUC}},
-    {"ChineseSimplified", {GB18030, DOSChineseSimplif, EUCCN}},
-    {"ChineseTraditional", {DOSChineseTrad, Big5}},
-    {"Korean", {DOSKorean, EUCKR}},
-};
-
-QStringList dialogueOf(const char *language)
+QStringList dialogueOf(const QString &language)
 {
-    QFile file(QStringLiteral(CAPTORA_ENCODING_TEST_DATA "/texts/") + QString::fromLatin1(language) +
-               u".txt"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    QStringList lines = QString::fromUtf8(fixtureBytes(u"encoding"_s, u"texts/"_s + language + u".txt"_s))
+                            .split(u'\n', Qt::SkipEmptyParts);
     lines.removeIf([](const QString &line) { return line.startsWith(u'#'); });
     return lines;
 }
 
-QString timeText(int milliseconds)
-{
-    return u"%1:%2:%3,%4"_s.arg(milliseconds / 3600000, 2, 10, QChar(u'0'))
-        .arg(milliseconds / 60000 % 60, 2, 10, QChar(u'0'))
-        .arg(milliseconds / 1000 % 60, 2, 10, QChar(u'0'))
-        .arg(milliseconds % 1000, 3, 10, QChar(u'0'));
-}
-
-// A SubRip file of `count` cues taken from the dialogue from line `first` on, wrapping
-// around; half of the files get Windows line breaks.
+// A SubRip file of `count` cues taken from the dialogue from line `first` on, wrapping around.
 QString subRip(const QStringList &dialogue, qsizetype first, qsizetype count, bool windowsLineBreaks)
 {
+    const auto time = [](int ms) { return QTime::fromMSecsSinceStartOfDay(ms).toString(u"hh:mm:ss,zzz"_s); };
     QString text;
     int start = 1000 + int(first) * 1700;
     for (qsizetype i = 0; i < count; ++i) {
         const int length = 1200 + int((first + i) % 5) * 400;
-        text += QString::number(i + 1) + u'\n' + timeText(start) + u" --> "_s + timeText(start + length) +
-                u'\n' + dialogue.at((first + i) % dialogue.size()) + u"\n\n"_s;
+        text += QString::number(i + 1) + u'\n' + time(start) + u" --> "_s + time(start + length) + u'\n' +
+                dialogue.at((first + i) % dialogue.size()) + u"\n\n"_s;
         start += length + 300;
     }
-    if (windowsLineBreaks)
-        text.replace(u'\n', u"\r\n"_s);
-    return text;
+    return windowsLineBreaks ? text.replace(u'\n', u"\r\n"_s) : text;
 }
 
 // Typographic punctuation and ligatures that not every code page has, by their plain forms.
@@ -116,33 +81,21 @@ QString nonAscii(const QString &text)
         if (c.unicode() >= 0x80 && !found.contains(c))
             found += c;
     }
-    return found;
+    return found.left(40);
 }
 
-// The script most letters of the text belong to.
+// The script most letters of the text belong to (Unknown, Inherited and Common aside).
 QChar::Script mainScript(const QString &text)
 {
     std::map<QChar::Script, int> counts;
     for (const QChar c : text) {
-        if (c.isLetter() && c.script() != QChar::Script_Common && c.script() != QChar::Script_Inherited)
+        if (c.isLetter() && c.script() > QChar::Script_Common)
             ++counts[c.script()];
     }
-    QChar::Script best = QChar::Script_Unknown;
-    int bestCount = 0;
-    for (const auto &[script, count] : counts) {
-        if (count > bestCount) {
-            best = script;
-            bestCount = count;
-        }
-    }
-    return best;
+    const auto most = std::max_element(counts.begin(), counts.end(),
+                                       [](const auto &a, const auto &b) { return a.second < b.second; });
+    return most == counts.end() ? QChar::Script_Unknown : most->first;
 }
-
-struct Tally
-{
-    int right = 0;
-    int total = 0;
-};
 
 TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
 {
@@ -151,60 +104,54 @@ TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
     const VHEncodingChooser &chooser = VHEncodingChooser::sharedEncodingChooser();
     ASSERT_GE(chooser.testers().size(), 40u);
 
-    QTemporaryDir folder;
-    ASSERT_TRUE(folder.isValid());
-    std::map<EncodingId, Tally> byEncoding;
+    TempDir dir;
+    std::map<EncodingId, std::pair<int, int>> byEncoding; // right, total
     int right = 0;
     int total = 0;
     QStringList wrong;
     QStringList otherScript;
-    int fileNumber = 0;
-    for (const Language &language : kLanguages) {
-        const QStringList dialogue = dialogueOf(language.name);
-        ASSERT_GE(dialogue.size(), 30) << language.name;
-        // Short files of three cues, medium ones of fifteen, and a long one.
-        const std::vector<std::pair<qsizetype, qsizetype>> windows = {
-            {0, 3}, {9, 3}, {18, 3}, {27, 3}, {0, 15}, {15, 15}, {0, dialogue.size() * 4}};
-        for (const EncodingId encoding : language.encodings) {
-            for (const auto &[first, count] : windows) {
-                QString text = subRip(dialogue, first, count, ++fileNumber % 2 == 0);
-                QByteArray bytes;
-                if (!TextCodec::encode(text, encoding, &bytes)) {
-                    text = plainPunctuation(text);
-                    ASSERT_TRUE(TextCodec::encode(text, encoding, &bytes))
-                        << language.name << " in " << VHEncoding::nameForEncoding(encoding).toStdString();
+    for (const auto &[languages, encodings] : kLanguages) {
+        for (const QString &language : languages) {
+            const QStringList dialogue = dialogueOf(language);
+            ASSERT_GE(dialogue.size(), 30) << language.toStdString();
+            // Short files of three cues, medium ones of fifteen, and a long one; half of the
+            // files get Windows line breaks.
+            const std::pair<qsizetype, qsizetype> windows[] = {{0, 3},   {9, 3},  {18, 3}, {27, 3},
+                                                               {0, 15}, {15, 15}, {0, dialogue.size() * 4}};
+            for (const EncodingId encoding : encodings) {
+                for (const auto &[first, count] : windows) {
+                    QString text = subRip(dialogue, first, count, ++total % 2 == 0);
+                    QByteArray bytes;
+                    if (!TextCodec::encode(text, encoding, &bytes)) {
+                        text = plainPunctuation(text);
+                        ASSERT_TRUE(TextCodec::encode(text, encoding, &bytes))
+                            << language.toStdString() << " in " << encoding;
+                    }
+                    const VHEncodingChooser::Choice choice =
+                        chooser.choose(dir.write(u"%1-%2.srt"_s.arg(total).arg(encoding), bytes), 0.6);
+                    auto &[encodingRight, encodingTotal] = byEncoding[encoding];
+                    ++encodingTotal;
+                    if (choice.accepted && *choice.text == text) {
+                        ++encodingRight;
+                        ++right;
+                        continue;
+                    }
+                    const QString what = u"%1 in %2, %3 cues: %4 (%5 > %6 x 0.6: %7) [%8] read as [%9]"_s.arg(
+                        language, QString::number(encoding, 16), QString::number(count),
+                        choice.best ? choice.best->name() : u"no tester"_s, QString::number(choice.bestScore),
+                        QString::number(choice.length), choice.accepted ? u"accepted"_s : u"rejected"_s,
+                        nonAscii(text), choice.text ? nonAscii(*choice.text) : QString());
+                    wrong.append(what);
+                    if (choice.accepted && mainScript(*choice.text) != mainScript(text))
+                        otherScript.append(what);
                 }
-                const QString path = folder.filePath(u"%1-%2.srt"_s.arg(fileNumber).arg(encoding));
-                QFile file(path);
-                ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-                file.write(bytes);
-                file.close();
-
-                const VHEncodingChooser::Choice choice = chooser.choose(path, 0.6);
-                const bool isRight = choice.accepted && *choice.text == text;
-                Tally &tally = byEncoding[encoding];
-                ++tally.total;
-                ++total;
-                if (isRight) {
-                    ++tally.right;
-                    ++right;
-                    continue;
-                }
-                const QString what = u"%1 in %2, %3 cues: %4 (%5 > %6 x 0.6: %7) [%8] read as [%9]"_s.arg(
-                    QString::fromLatin1(language.name), QString::number(encoding, 16), QString::number(count),
-                    choice.best ? choice.best->name() : u"no tester"_s, QString::number(choice.bestScore),
-                    QString::number(choice.length), choice.accepted ? u"accepted"_s : u"rejected"_s,
-                    nonAscii(text).left(40), choice.text ? nonAscii(*choice.text).left(40) : QString());
-                wrong.append(what);
-                if (choice.accepted && mainScript(*choice.text) != mainScript(text))
-                    otherScript.append(what);
             }
         }
     }
 
     for (const auto &[encoding, tally] : byEncoding) {
         std::printf("  %-28s %3d / %3d right (%5.1f%%)\n", qPrintable(TextCodec::displayName(encoding)),
-                    tally.right, tally.total, 100.0 * tally.right / tally.total);
+                    tally.first, tally.second, 100.0 * tally.first / tally.second);
     }
     std::printf("  %-28s %3d / %3d right (%5.1f%%)\n", "all", right, total, 100.0 * right / total);
     for (const QString &line : std::as_const(wrong))

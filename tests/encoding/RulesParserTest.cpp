@@ -1,8 +1,6 @@
 #include "Log.h"
+#include "TestSupport.h"
 #include "VHEncodingTester.h"
-
-#include <QFile>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -15,8 +13,9 @@ std::unique_ptr<VHEncodingTester> parse(const QString &rules)
 }
 } // namespace
 
-TEST(RulesKeys, KeysAreCaseInsensitiveAndValuesTrimmed)
+TEST(RulesKeys, KeysAreCaseInsensitiveAndValuesTrimmedButAKeyWithSpacesAroundItMatchesNothing)
 {
+    LogCapture log;
     const auto tester = parse(u"Name: Western \nLOCALE:\tfr_FR\nNSString: 12 (Windows)\ngoodFactor: 1.5x\n"
                               u"BadFactor:  2e1\n"_s);
     ASSERT_TRUE(tester);
@@ -25,6 +24,8 @@ TEST(RulesKeys, KeysAreCaseInsensitiveAndValuesTrimmed)
     EXPECT_EQ(tester->stringEncoding(), 12u);
     EXPECT_EQ(tester->goodFactor(), 1.5);
     EXPECT_EQ(tester->badFactor(), 20.0);
+    EXPECT_TRUE(parse(u" name: Western\nname : Other\n"_s)->name().isEmpty());
+    EXPECT_TRUE(log.lines().isEmpty());
 }
 
 TEST(RulesKeys, DefaultsAndValuesThatAreNotNumbers)
@@ -40,14 +41,6 @@ TEST(RulesKeys, DefaultsAndValuesThatAreNotNumbers)
     EXPECT_EQ(tester->goodFactor(), 0.0);
     EXPECT_EQ(parse(u"nsstring: 2147486210\n"_s)->stringEncoding(), 0x80000A02u);
     EXPECT_EQ(parse(u"nsstring: 99999999999\n"_s)->stringEncoding(), 0u);
-}
-
-TEST(RulesKeys, AKeyWithSpacesAroundItMatchesNothing)
-{
-    LogCapture log;
-    const auto tester = parse(u" name: Western\nname : Other\n"_s);
-    EXPECT_TRUE(tester->name().isEmpty());
-    EXPECT_TRUE(log.lines().isEmpty());
 }
 
 TEST(RulesSections, CharacterLinesBelongToTheLastGoodOrBadKey)
@@ -114,12 +107,8 @@ TEST(RulesFiles, AFileThatIsNotUtf8GivesNoTester)
 
 TEST(RulesFiles, ReadsAFileWithWindowsLineBreaks)
 {
-    QTemporaryDir folder;
-    const QString path = folder.filePath(u"crlf.encoding"_s);
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("name: CRLF\r\nnsstring: 12\r\ngood:\r\na\t1\r\n");
-    file.close();
+    TempDir dir;
+    const QString path = dir.write(u"crlf.encoding"_s, "name: CRLF\r\nnsstring: 12\r\ngood:\r\na\t1\r\n");
     const auto tester = VHEncodingTester::encodingTesterFor(path);
     ASSERT_TRUE(tester);
     EXPECT_EQ(tester->name(), u"CRLF"_s);

@@ -32,15 +32,6 @@ protected:
     LogCapture log;
 };
 
-TEST_F(EncodingPromptTest, Utf8LoadsWithoutAnyQuestion)
-{
-    const QString path = dir.write(u"ok.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nGr\xC3\xBC\xC3\x9F" "e\n");
-    const auto cues = VHSubtitle::subtitlesFromFileAtURL(path);
-    ASSERT_TRUE(cues);
-    EXPECT_EQ(cues->first()->string(), u"Grüße"_s);
-    EXPECT_TRUE(prompter.prompts.isEmpty());
-}
-
 TEST_F(EncodingPromptTest, AsksAgainAfterEveryFailedChoiceUntilCancelled)
 {
     const QString path = dir.write(u"latin1.srt"_s, kLatin1SubRip);
@@ -83,7 +74,7 @@ TEST_F(EncodingPromptTest, TheChosenEncodingLoadsTheFileAndMayBeRemembered)
 TEST_F(EncodingPromptTest, AStrictEncodingComesFirstAndAnOptionalOneAfterUtf8)
 {
     // ISO Latin 1 decodes anything, so asking for it strictly reads the UTF-8 bytes as
-    // Latin 1; as a suggestion, the valid UTF-8 wins.
+    // Latin 1; as a suggestion, the valid UTF-8 wins. Neither asks.
     const QString path = dir.write(u"utf8.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\n\xC3\xBC\n");
     EXPECT_EQ(VHSubtitle::subtitlesFromFileAtURL(path, 0, 0, 5, false)->first()->string(), u"Ã¼"_s);
     EXPECT_EQ(VHSubtitle::subtitlesFromFileAtURL(path, 0, 0, 5, true)->first()->string(), u"ü"_s);

@@ -7,94 +7,91 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-const QString EndGrew = u"VHSubtitleEndGrew"_s;
-const QString StartReduced = u"VHSubtitleStartReduced"_s;
+const QStringList EndGrew{u"VHSubtitleEndGrew"_s};
+const QStringList StartReduced{u"VHSubtitleStartReduced"_s};
 const QStringList EndChanged{u"end will"_s, u"duration will"_s, u"end did"_s, u"duration did"_s};
 const QStringList StartChanged{u"start will"_s, u"start did"_s};
 
-// Records everything the cue tells the world, in order: notifications posted for it by
-// name, key announcements as "<key> will" / "<key> did".
+// A change made to the cue, the end it leaves and everything the cue told the world, in
+// order: notifications posted for it by name, key announcements as "<key> will" / "<key> did".
+struct Step
+{
+    std::function<void(VHSubtitle &)> change;
+    double end;
+    QStringList events;
+};
+
 class CueTiming : public ::testing::Test
 {
 protected:
     void SetUp() override { MainQueue::main().drain(); }
     QStringList take() { return std::exchange(events, {}); }
+    void expectSteps(const QList<Step> &steps)
+    {
+        for (qsizetype i = 0; i < steps.size(); ++i) {
+            steps[i].change(*cue);
+            EXPECT_EQ(cue->end(), steps[i].end) << "step " << i;
+            EXPECT_EQ(take(), steps[i].events) << "step " << i;
+        }
+    }
 
     SubtitlePtr cue = VHSubtitle::create(u"text"_s, 10, 20);
     QStringList events;
 
 private:
-    ScopedObserver m_endGrew = NotificationCenter::defaultCenter().addObserver(
-        EndGrew, cue.get(), [this](const Notification &n) { events << n.name; });
-    ScopedObserver m_startReduced = NotificationCenter::defaultCenter().addObserver(
-        StartReduced, cue.get(), [this](const Notification &n) { events << n.name; });
+    std::function<void(const Notification &)> m_record = [this](const Notification &n) { events << n.name; };
+    ScopedObserver m_endGrew = NotificationCenter::defaultCenter().addObserver(EndGrew[0], cue.get(), m_record);
+    ScopedObserver m_startReduced =
+        NotificationCenter::defaultCenter().addObserver(StartReduced[0], cue.get(), m_record);
     Observable::KeyToken m_keys = cue->observeKey({}, [this](Observable *, const QString &key, auto change) {
         events << key + (change == Observable::Change::Will ? u" will"_s : u" did"_s);
     });
 };
+
+auto setEnd(double end) { return [end](VHSubtitle &c) { c.setEnd(end); }; }
+auto setStart(double start) { return [start](VHSubtitle &c) { c.setStart(start); }; }
+auto replaceStart(double start, double end) { return [=](VHSubtitle &c) { c.replaceStart(start, end); }; }
 } // namespace
 
 TEST_F(CueTiming, EndIsClampedToTheStartAndEndGrewFollowsTheRequestedEnd)
 {
-    cue->setEnd(5);
-    EXPECT_EQ(cue->end(), 10);
-    EXPECT_EQ(take(), EndChanged);
-    cue->setEnd(std::nan(""));
-    EXPECT_EQ(cue->end(), 10);
-    EXPECT_EQ(take(), EndChanged);
-
-    cue->setEnd(30);
-    EXPECT_EQ(cue->end(), 30);
-    EXPECT_EQ(take(), EndChanged + QStringList{EndGrew});
-
-    // With the end before the start (only replaceStart makes that), a request below the old
-    // end posts nothing although the stored end, the start, lies after the old end.
-    cue->replaceStart(30, 20);
-    take();
-    cue->setEnd(15);
-    EXPECT_EQ(cue->end(), 30);
-    EXPECT_EQ(take(), EndChanged);
-    cue->replaceStart(30, 20);
-    take();
-    cue->setEnd(25);
-    EXPECT_EQ(cue->end(), 30);
-    EXPECT_EQ(take(), EndChanged + QStringList{EndGrew});
+    expectSteps({
+        {setEnd(5), 10, EndChanged},
+        {setEnd(std::nan("")), 10, EndChanged},
+        {setEnd(30), 30, EndChanged + EndGrew},
+        // replaceStart sets both times unclamped and only announces the keys.
+        {replaceStart(30, 20), 20, StartChanged + EndChanged},
+        // With the end before the start, a request below the old end posts nothing although
+        // the stored end, the start, lies after the old end.
+        {setEnd(15), 30, EndChanged},
+        {replaceStart(30, 20), 20, StartChanged + EndChanged},
+        {setEnd(25), 30, EndChanged + EndGrew},
+    });
 }
 
 TEST_F(CueTiming, MovingTheStartMovesTheWholeCue)
 {
-    cue->setStart(4);
-    EXPECT_EQ(cue->end(), 14);
-    EXPECT_EQ(take(), StartChanged + QStringList{StartReduced} + EndChanged);
-
-    cue->setStart(15);
-    EXPECT_EQ(cue->end(), 25);
-    EXPECT_EQ(take(), StartChanged + EndChanged + QStringList{EndGrew});
-
-    cue->setStart(15);
-    EXPECT_EQ(take(), StartChanged + EndChanged);
+    expectSteps({
+        {setStart(4), 14, StartChanged + StartReduced + EndChanged},
+        {setStart(15), 25, StartChanged + EndChanged + EndGrew},
+        {setStart(15), 25, StartChanged + EndChanged},
+    });
 }
 
 TEST_F(CueTiming, ClampedDurationIsAnnouncedAgainOnceAfterTheMainQueueRuns)
 {
-    cue->setEnd(12);
-    take();
-    cue->setDuration(-1);
-    EXPECT_EQ(cue->end(), 10);
+    expectSteps({{setEnd(12), 12, EndChanged}, {[](VHSubtitle &c) { c.setDuration(-1); }, 10, EndChanged}});
     EXPECT_EQ(cue->duration(), 0);
-    EXPECT_EQ(take(), EndChanged);
-
     EXPECT_EQ(MainQueue::main().drain(), 1);
     EXPECT_EQ(take(), (QStringList{u"duration will"_s, u"duration did"_s}));
     EXPECT_EQ(MainQueue::main().drain(), 0);
 
-    cue->setDuration(5);
-    EXPECT_EQ(cue->end(), 15);
-    EXPECT_EQ(take(), EndChanged + QStringList{EndGrew});
+    expectSteps({{[](VHSubtitle &c) { c.setDuration(5); }, 15, EndChanged + EndGrew}});
     EXPECT_EQ(MainQueue::main().pending(), 0);
 
     // The deferred announcement does not keep a cue alive.
@@ -104,22 +101,11 @@ TEST_F(CueTiming, ClampedDurationIsAnnouncedAgainOnceAfterTheMainQueueRuns)
     EXPECT_EQ(MainQueue::main().drain(), 1);
 }
 
-TEST_F(CueTiming, ReplaceStartAndPlainSettersOnlyAnnounceKeys)
+TEST_F(CueTiming, ActiveAnnouncesItsDerivedColour)
 {
-    cue->replaceStart(30, 25);
-    EXPECT_EQ(cue->start(), 30);
-    EXPECT_EQ(cue->end(), 25);
-    EXPECT_EQ(take(), StartChanged + EndChanged);
-
     cue->setActive(true);
     EXPECT_EQ(cue->activeColor(), VHSubtitle::LabelColor::Standard);
     EXPECT_EQ(take(), (QStringList{u"active will"_s, u"activeColor will"_s, u"active did"_s, u"activeColor did"_s}));
-}
-
-TEST(CueText, DescriptionIsOneSubRipCueBody)
-{
-    EXPECT_EQ(VHSubtitle(u"a\nb"_s, 1.5, 3.25, true).description(), u"00:00:01,500 --> 00:00:03,250 !!!\na\nb"_s);
-    EXPECT_EQ(VHSubtitle(u"x"_s, 0, 1.9999).description(), u"00:00:00,000 --> 00:00:01,999\nx"_s);
 }
 
 TEST(CueRepair, LaterCueStartingEarlierIsMovedThenThePreviousEndIsTrimmed)

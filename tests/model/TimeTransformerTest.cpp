@@ -17,52 +17,45 @@ template <typename Transformer> Transformer withSymbol(const QString &symbol)
 }
 } // namespace
 
-TEST(TimeTransformerWriting, FullFormShowsEveryFieldAndTruncatesMilliseconds)
+TEST(TimeTransformerWriting, FullFormShowsEveryFieldSuccinctDropsLeadingZeroOnesBothTruncate)
 {
-    const auto subtitle = withSymbol<VHTimeValueTransformer>(u","_s);
-    const auto chapter = withSymbol<VHTimeValueTransformer>(u"."_s);
-    EXPECT_EQ(subtitle.transformedValue(3723.045), u"01:02:03,045"_s);
-    EXPECT_EQ(chapter.transformedValue(3723.045), u"01:02:03.045"_s);
-    EXPECT_EQ(subtitle.transformedValue(1.9999), u"00:00:01,999"_s);
-    EXPECT_EQ(subtitle.transformedValue(360000.25), u"100:00:00,250"_s);
-}
-
-TEST(TimeTransformerWriting, SuccinctFormDropsLeadingZeroFields)
-{
+    const auto full = withSymbol<VHTimeValueTransformer>(u","_s);
     const auto succinct = withSymbol<VHSuccinctTimeTransformer>(u","_s);
-    EXPECT_EQ(succinct.transformedValue(3723.045), u"01:02:03,045"_s);
-    EXPECT_EQ(succinct.transformedValue(65.25), u"01:05,250"_s);
-    EXPECT_EQ(succinct.transformedValue(5.25), u"5,250"_s);
-    EXPECT_EQ(succinct.transformedValue(59.9999), u"59,999"_s);
-    EXPECT_EQ(succinct.transformedValue(3599.5), u"59:59,500"_s);
-}
-
-TEST(TimeTransformerReading, AcceptsBothSymbolsAndUnlimitedFields)
-{
-    for (const QString &symbol : {u","_s, u"."_s}) {
-        SCOPED_TRACE(symbol.toStdString());
-        const auto t = withSymbol<VHTimeValueTransformer>(symbol);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"1:05.5"), 65.5);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"1:05,5"), 65.5);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"90"), 90);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"2:90"), 210);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"01:02:03,045"), 3723.045);
-        EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"100:00:00,000"), 360000);
+    const struct
+    {
+        double seconds;
+        QString full, succinct;
+    } cases[] = {
+        {3723.045, u"01:02:03,045"_s, u"01:02:03,045"_s}, {3599.5, u"00:59:59,500"_s, u"59:59,500"_s},
+        {65.25, u"00:01:05,250"_s, u"01:05,250"_s},       {59.9999, u"00:00:59,999"_s, u"59,999"_s},
+        {1.9999, u"00:00:01,999"_s, u"1,999"_s},          {360000.25, u"100:00:00,250"_s, u"100:00:00,250"_s},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(full.transformedValue(c.seconds), c.full);
+        EXPECT_EQ(succinct.transformedValue(c.seconds), c.succinct);
     }
+    EXPECT_EQ(withSymbol<VHTimeValueTransformer>(u"."_s).transformedValue(3723.045), u"01:02:03.045"_s);
 }
 
-TEST(TimeTransformerReading, FractionIsReadDigitByDigitFromItsEnd)
+TEST(TimeTransformerReading, AcceptsBothSymbolsUnlimitedFieldsAndReadsTheFractionDigitByDigitFromItsEnd)
 {
-    const auto t = withSymbol<VHTimeValueTransformer>(u","_s);
-    EXPECT_EQ(t.reverseTransformedValue(u"00:00:01,5"), 1.5);
-    EXPECT_EQ(t.reverseTransformedValue(u"00:00:01,500"), 1.5);
-    EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"00:00:01,05"), 1.05);
-    EXPECT_EQ(t.reverseTransformedValue(u" 00:00:02, 25\t"), 2.25);
-    // Characters are not checked to be digits: 'x' counts as 72, so ",5x" is (5 + 7.2) / 10.
-    EXPECT_DOUBLE_EQ(t.reverseTransformedValue(u"0,5x"), 1.22);
+    const struct
+    {
+        const char16_t *text;
+        double seconds;
+    } cases[] = {
+        {u"1:05.5", 65.5}, {u"1:05,5", 65.5}, {u"90", 90}, {u"2:90", 210}, {u"01:02:03,045", 3723.045},
+        {u"100:00:00,000", 360000}, {u"00:00:01,500", 1.5}, {u"00:00:01,05", 1.05}, {u" 00:00:02, 25\t", 2.25},
+        // Characters are not checked to be digits: 'x' counts as 72, so ",5x" is (5 + 7.2) / 10.
+        {u"0,5x", 1.22},
+    };
+    for (const QString &symbol : {u","_s, u"."_s}) {
+        const auto t = withSymbol<VHTimeValueTransformer>(symbol);
+        for (const auto &c : cases)
+            EXPECT_DOUBLE_EQ(t.reverseTransformedValue(c.text), c.seconds) << QStringView(c.text).toString().toStdString();
+    }
     // The decimal symbol is looked for before the alternate one, each from the end.
-    const auto dot = withSymbol<VHTimeValueTransformer>(u"."_s);
-    EXPECT_EQ(dot.reverseTransformedValue(u"01,5.25"), 1.25);
+    EXPECT_EQ(withSymbol<VHTimeValueTransformer>(u"."_s).reverseTransformedValue(u"01,5.25"), 1.25);
 }
 
 // Also run by CTest under a German locale, whose decimal symbol is ",".

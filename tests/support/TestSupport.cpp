@@ -12,14 +12,6 @@ void PrintTo(const QString &text, std::ostream *os)
     *os << testing::PrintToString(text.toStdString());
 }
 
-void PrintTo(const QStringList &list, std::ostream *os)
-{
-    *os << '{';
-    for (qsizetype i = 0; i < list.size(); ++i)
-        *os << (i ? ", " : "") << testing::PrintToString(list[i].toStdString());
-    *os << '}';
-}
-
 void PrintTo(const QByteArray &bytes, std::ostream *os)
 {
     *os << testing::PrintToString(bytes.toStdString());

@@ -12,9 +12,8 @@
 #include <ostream>
 #include <sys/resource.h>
 
-// Readable GoogleTest failure messages for Qt's text types.
+// Readable GoogleTest failure messages for Qt's text types (a QStringList prints as a list of them).
 void PrintTo(const QString &text, std::ostream *os);
-void PrintTo(const QStringList &list, std::ostream *os);
 void PrintTo(const QByteArray &bytes, std::ostream *os);
 
 // The bytes of tests/data/<module>/<name>; fails the running test when it is missing.
