@@ -7,12 +7,8 @@
 #include "VHVideoText.h"
 
 #include <cmath>
-#include <utility>
 
 using namespace Qt::StringLiterals;
-
-// The cue list is read through std::as_const: a non-const subscript would copy a list that
-// shares its storage with the table's arranged list.
 
 void CTWindowController::observeCueNotifications()
 {
@@ -57,7 +53,7 @@ void CTWindowController::subtitleEndGrew(const SubtitlePtr &cue)
         return;
     double limit;
     if (i + 1 < m_subtitles.size())
-        limit = std::as_const(m_subtitles)[i + 1]->start();
+        limit = m_subtitles[i + 1]->start();
     else if (hasMovie()) // no movie means no playback controller of any kind
         limit = m_player->duration();
     else
@@ -87,7 +83,7 @@ void CTWindowController::subtitleStartReduced(const SubtitlePtr &cue)
         return;
     double limit = 0;
     if (i > 0) {
-        const SubtitlePtr &previous = std::as_const(m_subtitles)[i - 1];
+        const SubtitlePtr &previous = m_subtitles[i - 1];
         if (cue->start() < previous->end())
             previous->setEnd(std::max(cue->start(), previous->start()));
         limit = previous->end();
@@ -112,13 +108,13 @@ void CTWindowController::videoTextTimeChanged(VHSubtitle *mark)
     if (i == 0) {
         mark->setStart(0);
     } else {
-        const SubtitlePtr &previous = std::as_const(m_subtitles)[i - 1];
+        const SubtitlePtr &previous = m_subtitles[i - 1];
         if (mark->start() < previous->end())
             mark->setStart(std::max(mark->start(), previous->start()));
         previous->setEnd(mark->start());
     }
     if (i + 1 < m_subtitles.size()) {
-        const double next = std::as_const(m_subtitles)[i + 1]->start();
+        const double next = m_subtitles[i + 1]->start();
         mark->setStart(std::min(mark->start(), next));
         mark->setEnd(next);
     } else if (hasMovie()) {

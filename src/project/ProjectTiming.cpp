@@ -11,12 +11,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 using namespace Qt::StringLiterals;
-
-// The cue list is read through std::as_const here: it usually shares its storage with the
-// table's arranged list, and a non-const subscript would copy the whole list first.
 
 void CTWindowController::updateRangeNotification()
 {
@@ -34,26 +30,26 @@ void CTWindowController::updateRangeNotification()
         } else {
             // The nearest anchor before the current cue; cue 0 is looked at last.
             qsizetype j = i - 1;
-            while (j >= 1 && !std::as_const(m_subtitles)[j]->fixed())
+            while (j >= 1 && !m_subtitles[j]->fixed())
                 --j;
-            range.first = std::as_const(m_subtitles)[j]->fixed() ? j + 1 : j;
+            range.first = m_subtitles[j]->fixed() ? j + 1 : j;
         }
         qsizetype k = i + 1 < count ? i + 1 : i;
-        while (k < count - 1 && !std::as_const(m_subtitles)[k]->fixed())
+        while (k < count - 1 && !m_subtitles[k]->fixed())
             ++k;
-        range.last = k > i ? (std::as_const(m_subtitles)[k]->fixed() ? k - 1 : k) : i;
+        range.last = k > i ? (m_subtitles[k]->fixed() ? k - 1 : k) : i;
     }
     const double infinity = std::numeric_limits<double>::infinity();
     const double d = m_movieDuration > 0 ? m_movieDuration : infinity;
     if (range.first <= 0 || range.first > count) {
         range.startChange = 0;
     } else {
-        range.startChange = std::min(std::as_const(m_subtitles)[range.first - 1]->start(), d);
+        range.startChange = std::min(m_subtitles[range.first - 1]->start(), d);
         if (!(range.startChange > 0))
             range.startChange = 0;
     }
     if (range.last < count - 1 && range.last >= -1)
-        range.endChange = std::max(std::min(std::as_const(m_subtitles)[range.last + 1]->start(), d), 0.0);
+        range.endChange = std::max(std::min(m_subtitles[range.last + 1]->start(), d), 0.0);
     else
         range.endChange = d;
     m_range = range;
@@ -75,8 +71,8 @@ void CTWindowController::updateRangeNotification()
     const bool hasCurrent = bool(m_currentSubtitle);
     for (qsizetype n = 0; n < count; ++n) {
         const bool active = hasCurrent && n >= range.first && n <= range.last;
-        if (std::as_const(m_subtitles)[n]->active() != active)
-            std::as_const(m_subtitles)[n]->setActive(active);
+        if (m_subtitles[n]->active() != active)
+            m_subtitles[n]->setActive(active);
     }
     willChangeValueForKey(u"canFix"_s);
     didChangeValueForKey(u"canFix"_s);
@@ -218,7 +214,7 @@ void CTWindowController::fixSubtitleStart()
         return;
     const qsizetype index = indexOfSubtitle(m_currentSubtitle.get());
     if (index >= 0 && index < m_range.last) {
-        const qsizetype row = arrangedSubtitles().indexOf(std::as_const(m_subtitles)[index + 1]);
+        const qsizetype row = arrangedSubtitles().indexOf(m_subtitles[index + 1]);
         setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
     } else {
         setFixMode(1);
@@ -284,10 +280,10 @@ void CTWindowController::setStart(double t)
                 logLine(u"Warning: Adjustive stretch never should be negative. %1"_s.arg(factor, 0, 'f', 6));
         }
         if (range.first > 0)
-            subtitleEndGrew(std::as_const(m_subtitles)[range.first - 1]);
+            subtitleEndGrew(m_subtitles[range.first - 1]);
     }
     if (i >= 0 && i < range.last) {
-        const double m = std::max(range.endChange, std::as_const(m_subtitles)[range.last]->end());
+        const double m = std::max(range.endChange, m_subtitles[range.last]->end());
         if (m_fixMode == 2 || std::isinf(range.endChange)) {
             factor = 1;
             stretch(i + 1, range.last, 1, s0, t - s0);
@@ -325,7 +321,7 @@ void CTWindowController::stretch(qsizetype first, qsizetype last, double factor,
     const bool old = m_noVerifying;
     m_noVerifying = true;
     for (qsizetype n = std::max<qsizetype>(first, 0); n <= last && n < m_subtitles.size(); ++n) {
-        VHSubtitle &cue = *std::as_const(m_subtitles)[n];
+        VHSubtitle &cue = *m_subtitles[n];
         const double start = (cue.start() - origin) * factor + shift + origin;
         const double end = (cue.end() - origin) * factor + shift + origin;
         cue.replaceStart(start, end);
