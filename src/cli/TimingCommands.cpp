@@ -9,6 +9,7 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +20,10 @@ namespace {
 class ScriptedPlayback final : public PlaybackControl
 {
 public:
-    ScriptedPlayback(double fps, double duration) : m_fps(fps), m_duration(duration) {}
+    ScriptedPlayback(double fps, double duration)
+        : m_fps(fps)
+        , m_duration(duration)
+    {}
     bool hasMovie() const override { return true; }
     double currentTime() const override { return m_time; }
     void setCurrentTime(double seconds) override { m_time = seconds; }
@@ -67,23 +71,26 @@ int runShift(const QStringList &args)
     project.setSubtitles(*cues);
     project.stretch(0, cues->size() - 1, 1, 0, *by);
     const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
-    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false) ? ExitOk
-                                                                                                 : ExitFailure;
+    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false)
+               ? ExitOk
+               : ExitFailure;
 }
 
 int runSync(const QStringList &args)
 {
     QCommandLineParser parser;
     addReadOptions(parser);
-    parser.addOption({u"fix"_s, u"Fix line INDEX (0-based) to start at TIME (seconds or hh:mm:ss,mmm); repeatable."_s,
+    parser.addOption({u"fix"_s,
+                      u"Fix line INDEX (0-based) to start at TIME (seconds or hh:mm:ss,mmm); repeatable."_s,
                       u"INDEX=TIME"_s});
     parser.addOption({u"mode"_s, u"fix (stretch between anchors, default), shift or single."_s, u"MODE"_s});
     parser.addOption({u"json"_s, u"Print the resulting lines as JSON."_s});
     parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
-    if (int status = parseArguments(parser, args,
-                                    u"Re-times lines through anchors: each --fix makes a line start at a time, "
-                                    "and the lines around it follow."_s,
-                                    u"FILE"_s);
+    if (int status =
+            parseArguments(parser, args,
+                           u"Re-times lines through anchors: each --fix makes a line start at a time, "
+                           "and the lines around it follow."_s,
+                           u"FILE"_s);
         status >= 0)
         return status;
     ReadOptions options;
@@ -142,11 +149,12 @@ int runSync(const QStringList &args)
             project.setFixMode(1);
         if (!project.canFix()) {
             const auto range = project.fixRange();
-            printError(u"Line %1 cannot start at %2: with the anchors set so far it must start between %3 and %4"_s
-                           .arg(fix.index)
-                           .arg(VHSubtitle::formatedTime(fix.time), VHSubtitle::formatedTime(range.startChange),
-                                std::isinf(range.endChange) ? u"the end"_s
-                                                            : VHSubtitle::formatedTime(range.endChange)));
+            printError(
+                u"Line %1 cannot start at %2: with the anchors set so far it must start between %3 and %4"_s
+                    .arg(fix.index)
+                    .arg(VHSubtitle::formatedTime(fix.time), VHSubtitle::formatedTime(range.startChange),
+                         std::isinf(range.endChange) ? u"the end"_s
+                                                     : VHSubtitle::formatedTime(range.endChange)));
             return ExitFailure;
         }
         if (mode == u"shift"_s)
@@ -155,11 +163,26 @@ int runSync(const QStringList &args)
             project.fixSingleSubtitleStart();
         else
             project.fixSubtitleStart();
-        MainQueue::main().drain(); // the neighbour corrections that follow each fix
+        // The neighbour corrections that follow each fix. They settle after a few rounds
+        // unless the fix collapsed the lines after it onto the next anchor, when the lines
+        // would be left out of order and the corrections chase each other for ever.
+        MainQueue::main().drain(100'000 + 10 * int(project.subtitles().size()));
+        const SubtitleList &after = project.subtitles();
+        const bool ordered =
+            std::is_sorted(after.cbegin(), after.cend(), [](const SubtitlePtr &a, const SubtitlePtr &b) {
+                return a->start() < b->start();
+            });
+        if (MainQueue::main().pending() > 0 || !ordered) {
+            printError(u"Line %1 at %2 leaves the lines after it no room before the next anchor; choose an "
+                       "earlier time"_s.arg(fix.index)
+                           .arg(VHSubtitle::formatedTime(fix.time)));
+            return ExitFailure;
+        }
     }
     if (parser.isSet(u"json"_s))
         printCuesAsJson(project.subtitles());
     const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
-    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false) ? ExitOk
-                                                                                                 : ExitFailure;
+    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false)
+               ? ExitOk
+               : ExitFailure;
 }

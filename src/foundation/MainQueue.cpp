@@ -24,7 +24,8 @@ void MainQueue::post(Block block)
 void MainQueue::schedule()
 {
     if (auto *app = QCoreApplication::instance())
-        QMetaObject::invokeMethod(app, [this] { runNext(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            app, [this] { runNext(); }, Qt::QueuedConnection);
 }
 
 bool MainQueue::runNext()
@@ -41,10 +42,10 @@ bool MainQueue::runNext()
     return true;
 }
 
-int MainQueue::drain()
+int MainQueue::drain(int maxBlocks)
 {
     int ran = 0;
-    while (runNext())
+    while ((maxBlocks < 0 || ran < maxBlocks) && runNext())
         ++ran;
     return ran;
 }

@@ -24,8 +24,9 @@ public:
 
     // Runs the oldest waiting block; false when none was waiting.
     bool runNext();
-    // Runs blocks until none is waiting, including those posted meanwhile. Returns how many ran.
-    int drain();
+    // Runs blocks until none is waiting, including those posted meanwhile, or until
+    // `maxBlocks` have run (no limit when negative). Returns how many ran.
+    int drain(int maxBlocks = -1);
     qsizetype pending() const;
 
     // Drives the queue from QCoreApplication's event loop. Call on the main thread after

@@ -18,8 +18,7 @@ const QStringList &CTFileHelper::subtitleExtensions()
 QString CTFileHelper::localeForLanguageCode(const QString &code)
 {
     // Read once; a missing resource leaves the map empty and callers use the raw code.
-    static const QVariantMap map =
-        PropertyList::readFile(resourcePath(u"ISO639-2ToLocale.plist"_s)).toMap();
+    static const QVariantMap map = PropertyList::readFile(resourcePath(u"ISO639-2ToLocale.plist"_s)).toMap();
     const auto it = map.constFind(code);
     return it == map.cend() ? QString() : it->toString();
 }

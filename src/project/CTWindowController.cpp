@@ -111,12 +111,11 @@ void CTWindowController::setBasePath(const QString &basePath)
     willChangeValueForKey(u"basePath"_s);
     m_basePath = basePath;
     didChangeValueForKey(u"basePath"_s);
-    const QString app = QCoreApplication::applicationName().isEmpty() ? u"Captora"_s
-                                                                       : QCoreApplication::applicationName();
+    const QString app =
+        QCoreApplication::applicationName().isEmpty() ? u"Captora"_s : QCoreApplication::applicationName();
     if (m_view)
-        m_view->setWindowTitle(basePath.isEmpty()
-                                   ? app
-                                   : u"%1 - %2"_s.arg(app, CTFileHelper::lastPathComponent(basePath)));
+        m_view->setWindowTitle(
+            basePath.isEmpty() ? app : u"%1 - %2"_s.arg(app, CTFileHelper::lastPathComponent(basePath)));
 }
 
 QString CTWindowController::subtitlePath() const
@@ -146,6 +145,7 @@ void CTWindowController::setSubtitles(const SubtitleList &subtitles)
     m_subtitles = subtitles;
     invalidateArranged();
     didChangeValueForKey(u"subtitles"_s);
+    updateRangeNotification();
     if (m_player) {
         m_player->setSubtitles(m_subtitles);
         m_player->setShowSubtitle(true);
@@ -159,15 +159,15 @@ void CTWindowController::invalidateArranged()
 
 const SubtitleList &CTWindowController::arrangedSubtitles() const
 {
+    // Without a search the table lists the cue list itself; no copy that an edit of the
+    // list would then have to detach from.
+    if (m_searchString.isEmpty())
+        return m_subtitles;
     if (!m_arrangedValid) {
-        if (m_searchString.isEmpty()) {
-            m_arranged = m_subtitles;
-        } else {
-            m_arranged.clear();
-            for (const SubtitlePtr &cue : m_subtitles) {
-                if (searchPredicateAccepts(*cue))
-                    m_arranged.append(cue);
-            }
+        m_arranged.clear();
+        for (const SubtitlePtr &cue : m_subtitles) {
+            if (searchPredicateAccepts(*cue))
+                m_arranged.append(cue);
         }
         m_arrangedValid = true;
     }
@@ -270,8 +270,8 @@ void CTWindowController::refreshEditorFields()
 void CTWindowController::announceEditorFields()
 {
     // Bound controls refresh these together.
-    for (const QString &key : {u"start"_s, u"duration"_s, u"subtitleText"_s, u"forced"_s, u"hasPrevious"_s,
-                               u"hasNext"_s}) {
+    for (const QString &key :
+         {u"start"_s, u"duration"_s, u"subtitleText"_s, u"forced"_s, u"hasPrevious"_s, u"hasNext"_s}) {
         willChangeValueForKey(key);
         didChangeValueForKey(key);
     }
@@ -345,6 +345,7 @@ void CTWindowController::setMovieInfo(const QString &moviePath, int kind, double
     m_movieKind = kind;
     m_fps = fps;
     m_movieDuration = duration;
+    updateRangeNotification();
 }
 
 qsizetype CTWindowController::subtitleIndexAtTime(double seconds) const

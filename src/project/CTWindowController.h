@@ -288,6 +288,7 @@ private:
     int m_fixMode = 0;
     QString m_searchString;
     QString m_foldedSearch;
+    bool m_searchIsAscii = true;
     bool m_searchCaseSensitive = false;
     LanguageList m_languages;
     qsizetype m_selectedLanguageIndex = -1;

@@ -1,8 +1,8 @@
 #include "FolderPermissions.h"
 
-#include "PropertyList.h"
 #include "ProjectView.h"
 #include "Prompter.h"
+#include "PropertyList.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -43,9 +43,10 @@ bool FolderPermissions::canGetAccessToFolder(const QString &moviePath, ProjectVi
     const QString folder = QFileInfo(moviePath).absolutePath();
     while (!isWritableFolder(folder)) {
         Prompt prompt;
-        prompt.message = u"To work with subtitle files we need your permission to write in to the folder your "
-                         "movie is in.\nPlease Open this folder in the upcoming window. (Make sure you have "
-                         "write permission for the folder.)"_s;
+        prompt.message =
+            u"To work with subtitle files we need your permission to write in to the folder your "
+            "movie is in.\nPlease Open this folder in the upcoming window. (Make sure you have "
+            "write permission for the folder.)"_s;
         prompt.buttons = {u"Understood"_s, u"Deny Access"_s};
         if (Prompter::shared().ask(prompt).button != 0 || !view)
             return false;

@@ -55,6 +55,8 @@ void CTWindowController::updateSearchPredicate()
 {
     willChangeValueForKey(u"searchPredicate"_s);
     m_foldedSearch = m_searchCaseSensitive ? m_searchString : foldForSearch(m_searchString);
+    m_searchIsAscii = std::all_of(m_searchString.cbegin(), m_searchString.cend(),
+                                  [](QChar c) { return c.unicode() < 0x80; });
     invalidateArranged();
     didChangeValueForKey(u"searchPredicate"_s);
 }
@@ -65,7 +67,15 @@ bool CTWindowController::searchPredicateAccepts(const VHSubtitle &cue) const
         return true;
     if (m_searchCaseSensitive)
         return cue.string().contains(m_searchString);
-    return foldForSearch(cue.string()).contains(m_foldedSearch);
+    // Most texts are plain ASCII, where ignoring case is all the folding there is: answer
+    // those without building a folded copy.
+    const QString &text = cue.string();
+    if (text.contains(m_searchString, Qt::CaseInsensitive))
+        return true;
+    const bool ascii = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; });
+    if (ascii && m_searchIsAscii)
+        return false;
+    return foldForSearch(text).contains(m_foldedSearch);
 }
 
 void CTWindowController::replaceAll(const QString &search, const QString &replacement)
@@ -174,7 +184,8 @@ void CTWindowController::deleteSubtitle()
         if (!m_subtitles.isEmpty()) {
             const bool old = m_noVerifying;
             m_noVerifying = true;
-            VHVideoText::correctChapterMarks(m_subtitles, hasMovie() ? m_movieDuration : m_subtitles.last()->end());
+            VHVideoText::correctChapterMarks(m_subtitles,
+                                             hasMovie() ? m_movieDuration : m_subtitles.last()->end());
             m_noVerifying = old;
         } else {
             addSubtitle();

@@ -21,7 +21,12 @@ namespace {
 class FlagScope
 {
 public:
-    FlagScope(bool &flag) : m_flag(flag), m_old(flag) { m_flag = true; }
+    FlagScope(bool &flag)
+        : m_flag(flag)
+        , m_old(flag)
+    {
+        m_flag = true;
+    }
     ~FlagScope() { m_flag = m_old; }
 
 private:
@@ -76,8 +81,9 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         const auto encoding = EncodingId(Settings::shared().integerValue(u"Encoding"_s));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
-            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
-                        : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional);
+            chapterMark
+                ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
+                : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(1);
         if (!m_subtitles.isEmpty()) {
@@ -85,8 +91,9 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
             NotificationCenter::defaultCenter().post(SubLoadedNotification, this);
         } else {
             Prompt prompt;
-            prompt.message = u"The %1 file cannot be parsed. It's probably malformatted or an unusual format."_s.arg(
-                chapterMark ? u"chapter mark"_s : u"subtitle"_s);
+            prompt.message =
+                u"The %1 file cannot be parsed. It's probably malformatted or an unusual format."_s.arg(
+                    chapterMark ? u"chapter mark"_s : u"subtitle"_s);
             prompt.buttons = {u"OK"_s};
             Prompter::shared().ask(prompt);
             logLine(u"Warning: Subtitles/Chapter Mark at %1 could not be loaded"_s.arg(path));

@@ -21,12 +21,12 @@ std::shared_ptr<LanguageMenu> CTWindowController::sharedLanguageMenu()
     // "No Language" names a file without locale.
     static const std::shared_ptr<LanguageMenu> menu = [] {
         auto m = std::make_shared<LanguageMenu>();
-        const QStringList codes{u"ar"_s, u"bg"_s, u"ca"_s, u"cs"_s, u"da"_s, u"de"_s, u"el"_s, u"en"_s,
-                                u"es"_s, u"et"_s, u"fa"_s, u"fi"_s, u"fr"_s, u"he"_s, u"hi"_s, u"hr"_s,
-                                u"hu"_s, u"id"_s, u"is"_s, u"it"_s, u"ja"_s, u"ko"_s, u"lt"_s, u"lv"_s,
-                                u"ms"_s, u"nb"_s, u"nl"_s, u"pl"_s, u"pt"_s, u"pt_BR"_s, u"ro"_s, u"ru"_s,
-                                u"sk"_s, u"sl"_s, u"sr"_s, u"sv"_s, u"th"_s, u"tr"_s, u"uk"_s, u"vi"_s,
-                                u"zh_Hans"_s, u"zh_Hant"_s};
+        const QStringList codes{u"ar"_s, u"bg"_s,    u"ca"_s, u"cs"_s, u"da"_s, u"de"_s,      u"el"_s,
+                                u"en"_s, u"es"_s,    u"et"_s, u"fa"_s, u"fi"_s, u"fr"_s,      u"he"_s,
+                                u"hi"_s, u"hr"_s,    u"hu"_s, u"id"_s, u"is"_s, u"it"_s,      u"ja"_s,
+                                u"ko"_s, u"lt"_s,    u"lv"_s, u"ms"_s, u"nb"_s, u"nl"_s,      u"pl"_s,
+                                u"pt"_s, u"pt_BR"_s, u"ro"_s, u"ru"_s, u"sk"_s, u"sl"_s,      u"sr"_s,
+                                u"sv"_s, u"th"_s,    u"tr"_s, u"uk"_s, u"vi"_s, u"zh_Hans"_s, u"zh_Hant"_s};
         for (const QString &code : codes)
             m->items.append({LocaleNames::displayName(code), code});
         std::sort(m->items.begin(), m->items.end(),
@@ -63,7 +63,8 @@ void CTWindowController::updateLanguages()
     };
     auto separator = [] { return CTLanguage::languageWithDisplayName(u""_s, QString()); };
 
-    const bool hasChapterFile = !m_basePath.isEmpty() && QFileInfo::exists(CTFileHelper::chapterMarksPath(m_basePath));
+    const bool hasChapterFile =
+        !m_basePath.isEmpty() && QFileInfo::exists(CTFileHelper::chapterMarksPath(m_basePath));
     if (hasChapterFile || m_isChaptermark) {
         const LanguagePtr chapters = command(u"Chapter Marks"_s, u"editChapterMark:"_s);
         m_languages.prepend(chapters);
@@ -75,7 +76,8 @@ void CTWindowController::updateLanguages()
     }
     if (!m_isChaptermark) {
         m_languages.prepend(separator());
-        m_languages.prepend(CTLanguage::languageWithDisplayName(u"Set Subtitle Language"_s, sharedLanguageMenu()));
+        m_languages.prepend(
+            CTLanguage::languageWithDisplayName(u"Set Subtitle Language"_s, sharedLanguageMenu()));
         m_languages.prepend(command(u"Delete Current Language"_s, u"deleteSubtitleFile:"_s));
     }
     m_languages.prepend(separator());

@@ -14,17 +14,19 @@ void CTWindowController::observeCueNotifications()
 {
     NotificationCenter &center = NotificationCenter::defaultCenter();
     m_cueObservers.clear();
-    m_cueObservers.emplace_back(center.addObserver(VHSubtitle::EndGrewNotification, nullptr, [this](const Notification &n) {
-        if (m_noVerifying || m_isChaptermark)
-            return;
-        auto *cue = n.objectAs<VHSubtitle>();
-        if (!cue)
-            return;
-        MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
-            if (auto c = weak.lock(); c && !alive.expired())
-                subtitleEndGrew(c);
-        });
-    }));
+    m_cueObservers.emplace_back(
+        center.addObserver(VHSubtitle::EndGrewNotification, nullptr, [this](const Notification &n) {
+            if (m_noVerifying || m_isChaptermark)
+                return;
+            auto *cue = n.objectAs<VHSubtitle>();
+            if (!cue)
+                return;
+            MainQueue::main().post(
+                [this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
+                    if (auto c = weak.lock(); c && !alive.expired())
+                        subtitleEndGrew(c);
+                });
+        }));
     m_cueObservers.emplace_back(
         center.addObserver(VHSubtitle::StartReducedNotification, nullptr, [this](const Notification &n) {
             if (m_noVerifying || m_isChaptermark)
@@ -32,10 +34,11 @@ void CTWindowController::observeCueNotifications()
             auto *cue = n.objectAs<VHSubtitle>();
             if (!cue)
                 return;
-            MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
-                if (auto c = weak.lock(); c && !alive.expired())
-                    subtitleStartReduced(c);
-            });
+            MainQueue::main().post(
+                [this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
+                    if (auto c = weak.lock(); c && !alive.expired())
+                        subtitleStartReduced(c);
+                });
         }));
     m_cueObservers.emplace_back(
         center.addObserver(VHVideoText::TimeChangedNotification, nullptr, [this](const Notification &n) {

@@ -2,10 +2,10 @@
 // anchors, and whether a fix is allowed at the current playback time.
 #include "CTWindowController.h"
 #include "Log.h"
-#include "Prompter.h"
-#include "ProjectView.h"
-#include "Settings.h"
 #include "PlaybackControl.h"
+#include "ProjectView.h"
+#include "Prompter.h"
+#include "Settings.h"
 #include "VHTimeValueTransformer.h"
 
 #include <algorithm>
@@ -64,7 +64,8 @@ void CTWindowController::updateRangeNotification()
     } else {
         m_rangeDisplay = {};
     }
-    m_rangeDisplay.scrubberMinimum = range.startChange > 0 ? std::optional<double>(range.startChange) : std::nullopt;
+    m_rangeDisplay.scrubberMinimum =
+        range.startChange > 0 ? std::optional<double>(range.startChange) : std::nullopt;
     m_rangeDisplay.scrubberMaximum =
         range.endChange < m_movieDuration ? std::optional<double>(range.endChange) : std::nullopt;
 
@@ -99,7 +100,8 @@ bool CTWindowController::canShift() const
     const qsizetype last = m_subtitles.size() - 1;
     const qsizetype f = std::clamp<qsizetype>(m_range.first, 0, last);
     const qsizetype l = std::clamp<qsizetype>(m_range.last, 0, last);
-    return m_subtitles[f]->start() + d >= m_range.startChange && m_subtitles[l]->start() + d <= m_range.endChange;
+    return m_subtitles[f]->start() + d >= m_range.startChange &&
+           m_subtitles[l]->start() + d <= m_range.endChange;
 }
 
 double CTWindowController::timeShift() const
@@ -126,7 +128,8 @@ void CTWindowController::setFixMode(int mode)
             if (index < arrangedSubtitles().size())
                 setSelectionIndices({index});
         }
-        if (Settings::shared().boolValue(u"TapFixPrev"_s) && !m_selection.isEmpty() && m_selection.first() > 0) {
+        if (Settings::shared().boolValue(u"TapFixPrev"_s) && !m_selection.isEmpty() &&
+            m_selection.first() > 0) {
             arrangedSubtitles()[m_selection.first() - 1]->setFixed(true);
             updateRangeNotification();
         }
@@ -175,9 +178,10 @@ void CTWindowController::toggleTap2Sync()
     if (!settings.boolValue(u"ShownTap2Sync"_s)) {
         Prompt prompt;
         prompt.message = u"How to use \"Tap2Sync\""_s;
-        prompt.informative = u"Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear "
-                             "the current subtitle instantly press space. It will fix that subtitle and move to "
-                             "the next."_s;
+        prompt.informative =
+            u"Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear "
+            "the current subtitle instantly press space. It will fix that subtitle and move to "
+            "the next."_s;
         prompt.buttons = {u"Start"_s, u"Cancel"_s};
         prompt.checkboxTitle = u"Do not show this message again"_s;
         const PromptAnswer answer = Prompter::shared().ask(prompt);
@@ -212,8 +216,10 @@ void CTWindowController::fixSubtitleStart()
     setStart(m_player->currentTime());
     if (m_fixMode != 4)
         return;
+    // A tap moves on to the next line whenever there is one, anchor or not, so that a second
+    // pass over anchors set earlier keeps tapping; after the last line the mode ends.
     const qsizetype index = indexOfSubtitle(m_currentSubtitle.get());
-    if (index >= 0 && index < m_range.last) {
+    if (index >= 0 && index + 1 < m_subtitles.size()) {
         const qsizetype row = arrangedSubtitles().indexOf(m_subtitles[index + 1]);
         setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
     } else {
