@@ -311,11 +311,14 @@ void CTWindowController::finishedDownloading(const QString &path)
     }
     if (file.isEmpty())
         return;
+    // Without a movie there is no name to save the download under: the user picks one, and
+    // it becomes the file the next save writes to.
+    QString chosen;
     if (m_moviePath.isEmpty() && m_view) {
         SavePanelOptions options;
         options.allowedTypes = {u"srt"_s};
         options.nameFieldValue = QFileInfo(file).fileName();
-        const QString chosen = m_view->runSavePanel(options);
+        chosen = m_view->runSavePanel(options);
         if (chosen.isNull())
             return;
         setBasePath(CTFileHelper::stringByDeletingLocaleAndPathExtension(chosen));
@@ -331,4 +334,8 @@ void CTWindowController::finishedDownloading(const QString &path)
             markChanged();
         }));
     setSubtitlePath(file);
+    if (!chosen.isEmpty()) {
+        storeSubtitlePath(chosen);
+        updateLanguages();
+    }
 }
