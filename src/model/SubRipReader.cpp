@@ -35,6 +35,19 @@ qsizetype indexOfArrow(QStringView line)
     }
 }
 
+// The first "!!!" of an end-time text, found the same cheap way.
+qsizetype indexOfForcedMarker(QStringView text)
+{
+    for (qsizetype from = 0;;) {
+        const qsizetype bang = text.indexOf(u'!', from);
+        if (bang < 0 || bang + 2 >= text.size())
+            return -1;
+        if (text[bang + 1] == u'!' && text[bang + 2] == u'!')
+            return bang;
+        from = bang + 1;
+    }
+}
+
 QString formatted(double seconds)
 {
     return VHSubtitle::formatedTime(seconds);
@@ -98,7 +111,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
         if (arrow >= 0) {
             const QStringView startText = line.first(arrow);
             QStringView endText = line.sliced(arrow + 3);
-            const qsizetype marker = endText.indexOf(u"!!!");
+            const qsizetype marker = indexOfForcedMarker(endText);
             const bool forced = marker >= 0;
             if (forced)
                 endText = endText.first(marker);
