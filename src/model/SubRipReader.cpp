@@ -21,30 +21,18 @@ namespace {
 // or text line; 4 after blanks following state 3.
 enum State { Start = 0, AfterNumber = 1, BlankAfterNumber = 2, InCue = 3, BlankInCue = 4 };
 
-// The first "-->" of a line. Searching for the "-" alone and checking what follows is much
-// cheaper than a general substring search, and this runs on nearly every line.
-qsizetype indexOfArrow(QStringView line)
+// The first occurrence of a three-character marker ("-->", "!!!"). Searching for its first
+// character and checking the next two is much cheaper than a general substring search, and
+// this runs on nearly every line.
+qsizetype indexOfMarker(QStringView text, const char16_t (&marker)[4])
 {
     for (qsizetype from = 0;;) {
-        const qsizetype dash = line.indexOf(u'-', from);
-        if (dash < 0 || dash + 2 >= line.size())
+        const qsizetype found = text.indexOf(QChar(marker[0]), from);
+        if (found < 0 || found + 2 >= text.size())
             return -1;
-        if (line[dash + 1] == u'-' && line[dash + 2] == u'>')
-            return dash;
-        from = dash + 1;
-    }
-}
-
-// The first "!!!" of an end-time text, found the same cheap way.
-qsizetype indexOfForcedMarker(QStringView text)
-{
-    for (qsizetype from = 0;;) {
-        const qsizetype bang = text.indexOf(u'!', from);
-        if (bang < 0 || bang + 2 >= text.size())
-            return -1;
-        if (text[bang + 1] == u'!' && text[bang + 2] == u'!')
-            return bang;
-        from = bang + 1;
+        if (text[found + 1] == marker[1] && text[found + 2] == marker[2])
+            return found;
+        from = found + 1;
     }
 }
 
@@ -87,7 +75,8 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
         // Printed unsigned, as this warning has always shown its numbers: a negative cue
         // number appears as its 64-bit two's complement.
         if (lastNumber == LLONG_MAX || number != lastNumber + 1)
-            logLine(u"Parsing Warning: Line %1 followed line %2"_s.arg(quint64(number)).arg(quint64(lastNumber)));
+            logLine(
+                u"Parsing Warning: Line %1 followed line %2"_s.arg(quint64(number)).arg(quint64(lastNumber)));
         lastNumber = number;
         state = AfterNumber;
     };
@@ -107,17 +96,18 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
             appendText(line);
             continue;
         }
-        const qsizetype arrow = indexOfArrow(line);
+        const qsizetype arrow = indexOfMarker(line, u"-->");
         if (arrow >= 0) {
             const QStringView startText = line.first(arrow);
             QStringView endText = line.sliced(arrow + 3);
-            const qsizetype marker = indexOfForcedMarker(endText);
+            const qsizetype marker = indexOfMarker(endText, u"!!!");
             const bool forced = marker >= 0;
             if (forced)
                 endText = endText.first(marker);
             const double start =
                 TimeText::parse(startText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
-            const double end = TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
+            const double end =
+                TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
             if (start < pendingEnd)
                 logLine(u"Parsing Warning: Line '%1' starts %2 before last end %3"_s.arg(
                     line.toString(), formatted(start), formatted(pendingEnd)));

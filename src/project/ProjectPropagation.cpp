@@ -14,32 +14,24 @@ void CTWindowController::observeCueNotifications()
 {
     NotificationCenter &center = NotificationCenter::defaultCenter();
     m_cueObservers.clear();
-    m_cueObservers.emplace_back(
-        center.addObserver(VHSubtitle::EndGrewNotification, nullptr, [this](const Notification &n) {
-            if (m_noVerifying || m_isChaptermark)
-                return;
+    // Cue corrections run after the change that caused them has completed, and not at all
+    // while the project re-times cues itself or edits chapter marks.
+    auto deferred = [this](void (CTWindowController::*handler)(const SubtitlePtr &)) {
+        return [this, handler](const Notification &n) {
             auto *cue = n.objectAs<VHSubtitle>();
-            if (!cue)
+            if (m_noVerifying || m_isChaptermark || !cue)
                 return;
             MainQueue::main().post(
-                [this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
+                [this, handler, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
                     if (auto c = weak.lock(); c && !alive.expired())
-                        subtitleEndGrew(c);
+                        (this->*handler)(c);
                 });
-        }));
-    m_cueObservers.emplace_back(
-        center.addObserver(VHSubtitle::StartReducedNotification, nullptr, [this](const Notification &n) {
-            if (m_noVerifying || m_isChaptermark)
-                return;
-            auto *cue = n.objectAs<VHSubtitle>();
-            if (!cue)
-                return;
-            MainQueue::main().post(
-                [this, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
-                    if (auto c = weak.lock(); c && !alive.expired())
-                        subtitleStartReduced(c);
-                });
-        }));
+        };
+    };
+    m_cueObservers.emplace_back(center.addObserver(VHSubtitle::EndGrewNotification, nullptr,
+                                                   deferred(&CTWindowController::subtitleEndGrew)));
+    m_cueObservers.emplace_back(center.addObserver(VHSubtitle::StartReducedNotification, nullptr,
+                                                   deferred(&CTWindowController::subtitleStartReduced)));
     m_cueObservers.emplace_back(
         center.addObserver(VHVideoText::TimeChangedNotification, nullptr, [this](const Notification &n) {
             if (auto *mark = n.objectAs<VHSubtitle>())
