@@ -31,8 +31,7 @@ QString readLine()
 
 CliPrompter::CliPrompter(QString hint)
     : m_hint(std::move(hint))
-{
-}
+{}
 
 PromptAnswer CliPrompter::ask(const Prompt &prompt)
 {
@@ -69,6 +68,7 @@ PromptAnswer CliPrompter::askOnTerminal(const Prompt &prompt)
     const QString line = readLine();
     bool ok = false;
     const int button = line.isEmpty() ? 1 : line.toInt(&ok);
-    answer.button = (line.isEmpty() || ok) && button >= 1 && button <= prompt.buttons.size() ? button - 1 : -1;
+    answer.button =
+        (line.isEmpty() || ok) && button >= 1 && button <= prompt.buttons.size() ? button - 1 : -1;
     return answer;
 }

@@ -74,8 +74,8 @@ void addReadOptions(QCommandLineParser &parser)
 {
     parser.addOption({u"fps"_s, u"Frame rate for frame-based formats (default 25)."_s, u"F"_s});
     parser.addOption({u"length"_s, u"Movie length in seconds."_s, u"S"_s});
-    parser.addOption({u"encoding"_s, u"Text encoding number to read with (see 'captora-cli encodings')."_s,
-                      u"N"_s});
+    parser.addOption(
+        {u"encoding"_s, u"Text encoding number to read with (see 'captora-cli encodings')."_s, u"N"_s});
     parser.addOption({u"strict-encoding"_s, u"Read in --encoding only; no detection."_s});
     parser.addOption({u"chapters"_s, u"Read the file as chapter marks."_s});
 }
@@ -135,7 +135,8 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
     std::optional<SubtitleList> cues =
         options.chapters
             ? VHVideoText::videoTextsFromFileAtURL(path, options.length, options.encoding, optional)
-            : VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding, optional);
+            : VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding,
+                                                 optional);
     if (!cues) {
         if (QFileInfo(path).size() == 0)
             printError(u"'%1' is empty"_s.arg(path));
@@ -157,6 +158,18 @@ bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVT
     if (!written)
         printError(u"Could not write '%1'"_s.arg(path));
     return written;
+}
+
+void addOutputOption(QCommandLineParser &parser)
+{
+    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
+}
+
+int writeInPlaceOrOutput(const SubtitleList &cues, const QCommandLineParser &parser, const QString &file,
+                         bool chapters)
+{
+    const QString target = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
+    return writeSubtitleFile(cues, target, chapters, Encodings::UTF8, false) ? ExitOk : ExitFailure;
 }
 
 void printCuesAsJson(const SubtitleList &cues)
@@ -199,11 +212,21 @@ void appendJsonString(QByteArray &out, const QString &text)
     const QByteArray utf8 = text.toUtf8();
     for (char c : utf8) {
         switch (c) {
-        case '"': out.append("\\\""); break;
-        case '\\': out.append("\\\\"); break;
-        case '\n': out.append("\\n"); break;
-        case '\r': out.append("\\r"); break;
-        case '\t': out.append("\\t"); break;
+        case '"':
+            out.append("\\\"");
+            break;
+        case '\\':
+            out.append("\\\\");
+            break;
+        case '\n':
+            out.append("\\n");
+            break;
+        case '\r':
+            out.append("\\r");
+            break;
+        case '\t':
+            out.append("\\t");
+            break;
         default:
             if (static_cast<unsigned char>(c) < 0x20) {
                 out.append("\\u00");

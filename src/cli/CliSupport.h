@@ -55,6 +55,12 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
 bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVTT, EncodingId encoding,
                        bool windowsLineBreaks);
 
+// Adds -o/--output OUT, and writes the cues there or, without it, back into FILE (SubRip,
+// or WebVTT chapter marks). Returns the exit status.
+void addOutputOption(QCommandLineParser &parser);
+int writeInPlaceOrOutput(const SubtitleList &cues, const QCommandLineParser &parser, const QString &file,
+                         bool chapters);
+
 // Prints the cues as one JSON array, an object per cue: start, end, forced, text. Streams
 // in chunks, so a long list never sits in memory twice.
 void printCuesAsJson(const SubtitleList &cues);

@@ -20,13 +20,6 @@ bool loadIntoProject(CTWindowController &project, const QString &path, const Rea
     return true;
 }
 
-int writeBack(const CTWindowController &project, const QString &in, const QString &out, bool chapters)
-{
-    const QString target = out.isEmpty() ? in : out;
-    return writeSubtitleFile(project.subtitles(), target, chapters, Encodings::UTF8, false) ? ExitOk
-                                                                                            : ExitFailure;
-}
-
 // "1,3,5-7" → {1, 3, 5, 6, 7}; empty on a malformed list.
 std::optional<QList<qsizetype>> parseIndexes(const QString &text)
 {
@@ -51,9 +44,8 @@ int runLanguages(const QStringList &args)
     QCommandLineParser parser;
     parser.addOption({u"subtitle"_s, u"The subtitle file being edited."_s, u"PATH"_s});
     parser.addOption({u"chapters"_s, u"Edit the movie's chapter marks."_s});
-    if (int status = parseArguments(parser, args,
-                                    u"Prints the language menu the project builds for a movie, as JSON."_s,
-                                    u"MOVIE"_s);
+    if (int status = parseArguments(
+            parser, args, u"Prints the language menu the project builds for a movie, as JSON."_s, u"MOVIE"_s);
         status >= 0)
         return status;
     if (parser.positionalArguments().size() != 1)
@@ -76,8 +68,8 @@ int runLanguages(const QStringList &args)
     QByteArray out = "[";
     for (qsizetype i = 0; i < languages.size(); ++i) {
         const CTLanguage &language = *languages[i];
-        const char *kind = language.isSeparator() ? "separator"
-                           : language.menu()      ? "submenu"
+        const char *kind = language.isSeparator()         ? "separator"
+                           : language.menu()              ? "submenu"
                            : !language.action().isEmpty() ? "command"
                                                           : "file";
         auto stringOrNull = [&out](const QString &text) {
@@ -110,12 +102,13 @@ int runAdjustDurations(const QStringList &args)
     parser.addOption({u"min"_s, u"Smallest duration in seconds."_s, u"M"_s});
     parser.addOption({u"max"_s, u"Largest duration in seconds."_s, u"X"_s});
     parser.addOption({u"gap"_s, u"Seconds to keep free before the next line."_s, u"G"_s});
-    parser.addOption({u"only"_s, u"Only these lines (0-based, e.g. 0,4,7-9); the next listed line limits each."_s,
+    parser.addOption({u"only"_s,
+                      u"Only these lines (0-based, e.g. 0,4,7-9); the next listed line limits each."_s,
                       u"INDEXES"_s});
-    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
-    if (int status = parseArguments(parser, args,
-                                    u"Recomputes durations from reading speed, keeping a gap before the next line."_s,
-                                    u"FILE"_s);
+    addOutputOption(parser);
+    if (int status = parseArguments(
+            parser, args, u"Recomputes durations from reading speed, keeping a gap before the next line."_s,
+            u"FILE"_s);
         status >= 0)
         return status;
     ReadOptions options;
@@ -127,7 +120,8 @@ int runAdjustDurations(const QStringList &args)
     for (int i = 0; i < 4; ++i) {
         const std::optional<double> value = doubleOption(parser, QString::fromLatin1(names[i]), &ok);
         if (!ok || !value)
-            return usageError(parser, u"--%1 takes a number and is required."_s.arg(QString::fromLatin1(names[i])));
+            return usageError(parser,
+                              u"--%1 takes a number and is required."_s.arg(QString::fromLatin1(names[i])));
         values[i] = *value;
     }
     if (parser.positionalArguments().size() != 1)
@@ -150,7 +144,7 @@ int runAdjustDurations(const QStringList &args)
         printError(problem);
         return ExitFailure;
     }
-    return writeBack(project, file, parser.value(u"output"_s), options.chapters);
+    return writeInPlaceOrOutput(project.subtitles(), parser, file, options.chapters);
 }
 
 int runReplace(const QStringList &args)
@@ -160,9 +154,9 @@ int runReplace(const QStringList &args)
     parser.addOption({u"search"_s, u"The text to find."_s, u"TEXT"_s});
     parser.addOption({u"replace"_s, u"The text to put in its place."_s, u"TEXT"_s});
     parser.addOption({u"case-sensitive"_s, u"Match upper and lower case exactly."_s});
-    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
-    if (int status = parseArguments(parser, args, u"Replaces a text in every line that contains it."_s,
-                                    u"FILE"_s);
+    addOutputOption(parser);
+    if (int status =
+            parseArguments(parser, args, u"Replaces a text in every line that contains it."_s, u"FILE"_s);
         status >= 0)
         return status;
     ReadOptions options;
@@ -182,5 +176,5 @@ int runReplace(const QStringList &args)
     project.setSearchCaseSensitive(parser.isSet(u"case-sensitive"_s));
     project.setSearchString(parser.value(u"search"_s));
     project.replaceAll(parser.value(u"search"_s), parser.value(u"replace"_s));
-    return writeBack(project, file, parser.value(u"output"_s), options.chapters);
+    return writeInPlaceOrOutput(project.subtitles(), parser, file, options.chapters);
 }

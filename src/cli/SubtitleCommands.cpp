@@ -6,13 +6,12 @@
 
 using namespace Qt::StringLiterals;
 
-
 int runDump(const QStringList &args)
 {
     QCommandLineParser parser;
     addReadOptions(parser);
-    if (int status = parseArguments(parser, args,
-                                    u"Prints the cues of a subtitle file as one JSON array."_s, u"FILE"_s);
+    if (int status = parseArguments(parser, args, u"Prints the cues of a subtitle file as one JSON array."_s,
+                                    u"FILE"_s);
         status >= 0)
         return status;
     ReadOptions options;
@@ -34,11 +33,12 @@ int runConvert(const QStringList &args)
     QCommandLineParser parser;
     addReadOptions(parser);
     parser.addOption({u"windows-line-breaks"_s, u"End lines with carriage return and line feed."_s});
-    parser.addOption({u"format"_s, u"srt (default) or vtt (WebVTT chapter marks); OUT ending in .vtt means vtt."_s,
+    parser.addOption({u"format"_s,
+                      u"srt (default) or vtt (WebVTT chapter marks); OUT ending in .vtt means vtt."_s,
                       u"FORMAT"_s});
     parser.addOption({u"out-encoding"_s, u"Text encoding number to write with (default UTF-8)."_s, u"N"_s});
-    if (int status = parseArguments(parser, args,
-                                    u"Reads a subtitle file and writes it as SubRip or WebVTT."_s, u"IN OUT"_s);
+    if (int status = parseArguments(
+            parser, args, u"Reads a subtitle file and writes it as SubRip or WebVTT."_s, u"IN OUT"_s);
         status >= 0)
         return status;
     ReadOptions options;

@@ -49,7 +49,7 @@ int runShift(const QStringList &args)
     QCommandLineParser parser;
     addReadOptions(parser);
     parser.addOption({u"by"_s, u"Seconds to move every line by (negative: earlier)."_s, u"SECONDS"_s});
-    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
+    addOutputOption(parser);
     if (int status = parseArguments(parser, args, u"Moves every line by the same amount."_s, u"FILE"_s);
         status >= 0)
         return status;
@@ -70,10 +70,7 @@ int runShift(const QStringList &args)
     CTWindowController project(nullptr, nullptr);
     project.setSubtitles(*cues);
     project.stretch(0, cues->size() - 1, 1, 0, *by);
-    const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
-    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false)
-               ? ExitOk
-               : ExitFailure;
+    return writeInPlaceOrOutput(project.subtitles(), parser, file, options.chapters);
 }
 
 int runSync(const QStringList &args)
@@ -85,7 +82,7 @@ int runSync(const QStringList &args)
                       u"INDEX=TIME"_s});
     parser.addOption({u"mode"_s, u"fix (stretch between anchors, default), shift or single."_s, u"MODE"_s});
     parser.addOption({u"json"_s, u"Print the resulting lines as JSON."_s});
-    parser.addOption({QStringList{u"o"_s, u"output"_s}, u"Write here instead of FILE."_s, u"OUT"_s});
+    addOutputOption(parser);
     if (int status =
             parseArguments(parser, args,
                            u"Re-times lines through anchors: each --fix makes a line start at a time, "
@@ -181,8 +178,5 @@ int runSync(const QStringList &args)
     }
     if (parser.isSet(u"json"_s))
         printCuesAsJson(project.subtitles());
-    const QString out = parser.isSet(u"output"_s) ? parser.value(u"output"_s) : file;
-    return writeSubtitleFile(project.subtitles(), out, options.chapters, Encodings::UTF8, false)
-               ? ExitOk
-               : ExitFailure;
+    return writeInPlaceOrOutput(project.subtitles(), parser, file, options.chapters);
 }
