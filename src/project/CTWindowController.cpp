@@ -22,6 +22,7 @@ const QString CTWindowController::SubLoadedNotification = u"SubLoaded"_s;
 
 ProjectView::~ProjectView() = default;
 PlaybackControl::~PlaybackControl() = default;
+PlaybackControlDelegate::~PlaybackControlDelegate() = default;
 
 void CTWindowController::registerDefaults()
 {
