@@ -444,7 +444,7 @@ bool CTWindowController::canDropSubtitleTryEmbed(bool tryEmbed)
             return false;
         }
     }
-    if (tryEmbed && m_willAutoEmbed && m_willAutoEmbed())
+    if (tryEmbed && (m_willAutoEmbed ? m_willAutoEmbed() : willAutoEmbed()))
         return false;
     return true;
 }
@@ -457,7 +457,9 @@ bool CTWindowController::closeProject()
         storeSubtitlePath(QString());
         setBasePath(QString());
     } else {
+        m_closing = true;
         setMoviePath(QString());
+        m_closing = false;
     }
     return true;
 }
@@ -479,34 +481,4 @@ bool CTWindowController::windowShouldClose()
 bool CTWindowController::applicationShouldTerminate()
 {
     return canDropSubtitleTryEmbed(true);
-}
-
-void CTWindowController::setMoviePath(const QString &path)
-{
-    // The movie side (players, embedding) arrives later; until then a movie path only
-    // names the project's base and its files.
-    willChangeValueForKey(u"hasMovie"_s);
-    const bool hadMovie = !m_moviePath.isEmpty();
-    m_moviePath = path;
-    m_movieDuration = 0;
-    m_fps = 0;
-    if (hadMovie) {
-        setCurrentSubtitle(SubtitlePtr());
-        setSubtitles({});
-    }
-    didChangeValueForKey(u"hasMovie"_s);
-    if (path.isEmpty() || !QFileInfo(path).isFile() || !canGetAccessToFolder(path)) {
-        m_moviePath.clear();
-        Settings::shared().remove(u"LastVideo"_s);
-        setBasePath(QString());
-        storeSubtitlePath(QString());
-        updateLanguages();
-        return;
-    }
-    setBasePath(CTFileHelper::stringByDeletingPathExtension(path));
-    Settings::shared().setValue(u"LastVideo"_s, path);
-    storeSubtitlePath(QString());
-    autoSelectSubtitle();
-    setEmbeddingState(0);
-    setFixMode(1);
 }

@@ -12,10 +12,10 @@
 #include <optional>
 #include <vector>
 
+#include "PlaybackControl.h"
 #include "ProjectView.h"
 
 class FolderPermissions;
-class PlaybackControl;
 
 // The project: one movie, the subtitle file being edited for it (one language at a time,
 // or the chapter marks), its cues, the selection, the current cue and the playback time.
@@ -28,7 +28,7 @@ class PlaybackControl;
 // hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath.
 //
 // Threading: main thread only.
-class CTWindowController : public Observable
+class CTWindowController : public Observable, public PlaybackControlDelegate
 {
 public:
     static const QString SubLoadedNotification; // "SubLoaded"
@@ -36,6 +36,8 @@ public:
     // Registers the project's user defaults (both registrations). Safe to call repeatedly.
     static void registerDefaults();
 
+    // `player` serves every movie kind when no controller factory is set (tests, the CLI's
+    // clock); with neither a player nor a factory, a movie only names the project's files.
     CTWindowController(ProjectView *view, PlaybackControl *player);
     ~CTWindowController() override;
 
@@ -102,6 +104,10 @@ public:
     void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
     // The playback controller's report that playback started or stopped.
     void movieChangedPlaying(bool playing);
+    // Keyboard focus moved into (or out of) a text editor: the arrow keys step frames only
+    // outside one.
+    void setObservedResponderIsTextEditor(bool textEditor);
+    bool allowArrows() const { return m_allowArrows; }
     // Re-times cues a..b: t → (t − origin) × factor + shift + origin for start and end.
     void stretch(qsizetype first, qsizetype last, double factor, double origin, double shift);
     int defaultFixMode() const { return m_isChaptermark ? 3 : 1; }
@@ -190,9 +196,48 @@ public:
     bool windowShouldClose();
     bool applicationShouldTerminate();
     void applicationWillTerminate() { m_willTerminate = true; }
-    // Set by the movie side: asks whether an automatic embedding starts (and starts it).
+    // Replaces willAutoEmbed() in the unsaved-changes flow (tests script the answer).
     void setWillAutoEmbed(std::function<bool()> willAutoEmbed) { m_willAutoEmbed = std::move(willAutoEmbed); }
+
+    // --- the movie (ProjectMovie.cpp) ----------------------------------------------------
+    // Movies the open panel and the drop target take, by extension.
+    static QStringList movieExtensions();
+    // Where controllers of kinds 1 and 2 come from. The window owns what it returns; the
+    // project lets a controller go through ProjectView::detachMovieController().
+    void setMovieControllerFactory(PlaybackControlFactory factory) { m_controllerFactory = std::move(factory); }
+    PlaybackControl *movieController() const { return m_player; }
+    // Opens a movie: the previous one is closed, the player of kind 1 loads it, and the
+    // delegate calls below finish the work (falling back to kind 2 when it cannot).
     void setMoviePath(const QString &path);
+    // The open panel for a movie, after the unsaved-changes question.
+    void openMovie();
+    // Switches to a player kind (0 none, 1 libmpv, 2 libVLC); nothing when it is current.
+    void prepareMovieController(int kind);
+    // Neither player could open the movie: back to no movie.
+    void resetAfterFailing();
+    // Ticks the n-th audio track, hands it to the player and remembers it as "AudioTrack".
+    void setActiveTrack(int index);
+    const QList<AudioTrackItem> &audioMenuItems() const { return m_audioItems; }
+    // The movie's extraction finished (or there was none to run).
+    void subtitleExtractorFinished();
+    // Runs an extraction of the loaded movie (the media side): subtitles and/or chapter
+    // marks, only for files missing beside it; it calls subtitleExtractorFinished() when done.
+    void setExtractionHook(std::function<void(bool subtitles, bool chapters)> hook) { m_extractionHook = std::move(hook); }
+    bool canEmbed() const;
+    // Offers to embed edited subtitles before the movie is left; true when embedding started.
+    bool willAutoEmbed();
+    // Opens the embedding options for the movie (through the command handler).
+    void embedSubtitle();
+    // True until the first web search for the loaded movie has been opened.
+    bool isFirstWebSearch() const { return m_firstWebSearch; }
+    void setFirstWebSearch(bool first) { m_firstWebSearch = first; }
+    // What the rewind/step buttons move by, in seconds; empty while frame stepping is off.
+    const QList<double> &frameStepAmounts() const { return m_frameSteps; }
+
+    void movieControllerDidLoadMovie(PlaybackControl *controller) override;
+    void movieControllerFaildLoading(PlaybackControl *controller) override;
+    void movieControllerChangedPlaying(PlaybackControl *controller, bool playing) override;
+    void movieControllerChangedTime(PlaybackControl *controller, double seconds) override;
     // True when the movie's folder can be written to (asking the user for a folder if not).
     bool canGetAccessToFolder(const QString &moviePath);
     // The store of folders the user gave access to ("Boomarks.plist"); tests point it
@@ -263,6 +308,10 @@ private:
     void rebuildLanguageButton();
     void updateRangeNotification();
     void markChanged() { setHasChanged(true); }
+    void movieDidLoad();
+    void movieFaildLoading();
+    void fillAudioMenu();
+    void showAudioMenu();
     qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
     QString fileNoun() const;
     QString itemNoun() const;
@@ -307,6 +356,13 @@ private:
     bool m_willTerminate = false;
     int m_modifiers = NoModifier;
     std::function<bool()> m_willAutoEmbed;
+    PlaybackControlFactory m_controllerFactory;
+    std::function<void(bool, bool)> m_extractionHook;
+    QList<AudioTrackItem> m_audioItems;
+    QList<double> m_frameSteps;
+    bool m_firstWebSearch = true;
+    bool m_allowArrows = true;
+    bool m_closing = false;
     // Deferred work holds a weak reference to this, so that it does nothing once the project
     // is gone.
     std::shared_ptr<int> m_alive = std::make_shared<int>(0);

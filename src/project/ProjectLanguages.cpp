@@ -185,6 +185,8 @@ void CTWindowController::runLanguageCommand(const QString &command)
         loadSubtitle();
     } else if (command == u"addSubtitleLanguage:"_s) {
         addSubtitleLanguage();
+    } else if (command == u"embedSubtitle:"_s) {
+        embedSubtitle();
     } else if (m_commandHandler) {
         m_commandHandler(command);
     }

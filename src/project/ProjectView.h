@@ -5,6 +5,9 @@
 #include <QStringList>
 #include <QVariant>
 
+class PlaybackControl;
+struct AudioTrackItem;
+
 // A sheet waiting for, or shown on, the project window. `kind` names what the window shows
 // ("FixDuration", "EmbedOptions", "WebSearch", ...); `context` travels with it and comes back
 // when the sheet ends.
@@ -71,4 +74,30 @@ public:
     virtual void makeFixControlFirstResponder() {}
     virtual void makePlayButtonFirstResponder() {}
     virtual void setPlayButtonTitle(const QString &title) { Q_UNUSED(title); }
+
+    // --- the movie area ----------------------------------------------------------------
+    // A controller the project starts using: the window shows its picture in the movie area.
+    virtual void attachMovieController(PlaybackControl *controller) { Q_UNUSED(controller); }
+    // The project is done with a controller (its movie is unloaded, its delegate cleared): the
+    // window removes its picture and may destroy it, but only after the current call returns,
+    // since this can happen inside one of the controller's own delegate calls.
+    virtual void detachMovieController(PlaybackControl *controller) { Q_UNUSED(controller); }
+    virtual void setPlayerViewVisible(bool visible) { Q_UNUSED(visible); }
+    // The picture shown while no movie plays.
+    virtual void setBackgroundImageVisible(bool visible) { Q_UNUSED(visible); }
+    // Width ÷ height the movie area keeps.
+    virtual void setMovieAspectRatio(double ratio) { Q_UNUSED(ratio); }
+    // The audio-track menu; a movie that could not be opened leaves one item, "No Audio Track".
+    virtual void setAudioMenuItems(const QList<AudioTrackItem> &items) { Q_UNUSED(items); }
+    virtual void setScrubberRange(double minimum, double maximum)
+    {
+        Q_UNUSED(minimum);
+        Q_UNUSED(maximum);
+    }
+    // Seconds the −5, −1, +1 and +5 frame buttons move by; empty: frame stepping is off.
+    virtual void setFrameStepAmounts(const QList<double> &seconds) { Q_UNUSED(seconds); }
+    // The movie's length, for the dial behind the fix control.
+    virtual void setFixBackgroundDuration(double seconds) { Q_UNUSED(seconds); }
+    // The arrow keys step frames unless a text editor has the focus.
+    virtual void setArrowKeyEquivalentsEnabled(bool enabled) { Q_UNUSED(enabled); }
 };

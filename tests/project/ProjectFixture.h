@@ -103,6 +103,34 @@ public:
     void setShowSubtitle(bool) override {}
     void redrawCurrentSubtitle() override { ++redraws; }
     qsizetype currentSegmentIndex() const override { return 0; }
+
+    // Loading: `loadable` says whether a movie object can be made; the test then reports the
+    // outcome through the delegate, as a real player does later.
+    int playerKind = 0;
+    bool loadable = true;
+    QStringList loads;
+    int unloads = 0;
+    PlaybackControlDelegate *delegate = nullptr;
+    double aspect = 0;
+    QList<AudioTrackItem> audioItems;
+    QList<int> audioTracks;
+    bool systemItem = true;
+    int kind() const override { return playerKind; }
+    bool loadMovieURL(const QString &path) override
+    {
+        loads << path;
+        return loadable;
+    }
+    void unloadMovie() override
+    {
+        ++unloads;
+        movie = false;
+    }
+    void setDelegate(PlaybackControlDelegate *d) override { delegate = d; }
+    double aspectRatio() const override { return aspect; }
+    bool isSystemFrameworkItem() const override { return systemItem && movie; }
+    QList<AudioTrackItem> audioMenuItems() const override { return audioItems; }
+    void setAudioTrack(int index) override { audioTracks << index; }
 };
 
 // A project on a fresh settings file in a temporary folder, with scripted answers and the
@@ -137,7 +165,8 @@ protected:
         player.length = duration;
         player.frameRate = fps;
         project->setMoviePath(movie);
-        project->setMovieInfo(movie, 1, fps, duration);
+        player.movie = true; // setMoviePath unloads the previous movie first
+        project->movieControllerDidLoadMovie(&player);
         return movie;
     }
     // Cues named c0, c1, ... with the given start and end times.

@@ -25,6 +25,7 @@ public:
     void setShowSubtitle(bool) override {}
     void redrawCurrentSubtitle() override {}
     qsizetype currentSegmentIndex() const override { return 0; }
+    bool loadMovieURL(const QString &) override { return true; }
 };
 
 // Cues of 4 s at 10, 20, 30 and 40 s in a 100 s movie at 25 fps; the explanation is
@@ -40,7 +41,7 @@ protected:
         project->windowDidLoad();
         const QString movie = dir.write(u"Film.m4v"_s, "movie");
         project->setMoviePath(movie);
-        project->setMovieInfo(movie, 1, 25, 100);
+        project->movieControllerDidLoadMovie(&playing);
         project->setSubtitles(cues({{10, 14}, {20, 24}, {30, 34}, {40, 44}}));
         Settings::shared().setValue(u"ShownTap2Sync"_s, true);
     }
