@@ -78,6 +78,25 @@ public:
         buttonSelected = selected;
     }
     void beginEditingText(qsizetype row) override { editedRows << row; }
+
+    // The movie area.
+    QList<PlaybackControl *> attachedControllers, detachedControllers;
+    bool playerViewVisible = false, backgroundVisible = true;
+    double aspectRatio = 0;
+    QList<AudioTrackItem> audioItems;
+    double scrubberMaximum = -1, fixDuration = -1;
+    QList<double> frameSteps;
+    QStringList playTitles;
+    void attachMovieController(PlaybackControl *c) override { attachedControllers << c; }
+    void detachMovieController(PlaybackControl *c) override { detachedControllers << c; }
+    void setPlayerViewVisible(bool v) override { playerViewVisible = v; }
+    void setBackgroundImageVisible(bool v) override { backgroundVisible = v; }
+    void setMovieAspectRatio(double r) override { aspectRatio = r; }
+    void setAudioMenuItems(const QList<AudioTrackItem> &items) override { audioItems = items; }
+    void setScrubberRange(double, double maximum) override { scrubberMaximum = maximum; }
+    void setFrameStepAmounts(const QList<double> &steps) override { frameSteps = steps; }
+    void setFixBackgroundDuration(double d) override { fixDuration = d; }
+    void setPlayButtonTitle(const QString &title) override { playTitles << title; }
 };
 
 class FakePlayer final : public PlaybackControl
