@@ -1,0 +1,77 @@
+#include "CTFixButton.h"
+
+#include <QKeyEvent>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+CTFixButton::CTFixButton(QWidget *parent)
+    : QPushButton(parent)
+{
+    m_subtitle = formattedShift(0);
+    setFixMode(0);
+    setMinimumSize(72, 52);
+    // Blue text, as the fix control has always shown it.
+    setStyleSheet(u"QPushButton { color: rgb(68, 166, 218); font-weight: bold; border-radius: 26px;"
+                  " border: 2px solid rgb(68, 166, 218); padding: 4px; }"
+                  "QPushButton:disabled { color: gray; border-color: gray; }"_s);
+}
+
+QString CTFixButton::formattedShift(double seconds)
+{
+    const double rounded = std::round(seconds * 100) / 100;
+    return (rounded < 0 ? u"-"_s : u"+"_s) + QString::number(std::fabs(rounded), 'f', 2) + u"s"_s;
+}
+
+void CTFixButton::setFixMode(int mode)
+{
+    if (mode == m_fixMode)
+        return;
+    m_fixMode = mode;
+    m_title = mode == 2 ? u"Shift"_s : mode == 3 ? u"Single"_s : mode == 4 ? u"Tap"_s : u"Fix"_s;
+    // Only Tap2Sync hands the keyboard to the control.
+    setFocusPolicy(mode == 4 ? Qt::StrongFocus : Qt::NoFocus);
+    updateText();
+}
+
+void CTFixButton::setTimeShift(double seconds)
+{
+    m_timeShift = seconds;
+    if (std::fabs(seconds - m_lastTimeShift) > 0.005) {
+        m_subtitle = formattedShift(seconds);
+        m_lastTimeShift = seconds;
+        updateText();
+    }
+}
+
+void CTFixButton::updateText()
+{
+    setText(m_title + u'\n' + m_subtitle);
+}
+
+void CTFixButton::keyPressEvent(QKeyEvent *event)
+{
+    if (m_fixMode == 4 && event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        if (onTap)
+            onTap();
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) {
+        if (onEscape)
+            onEscape();
+        return;
+    }
+    if (m_fixMode == 4 && !event->text().isEmpty())
+        return; // other typing does nothing in Tap2Sync
+    QPushButton::keyPressEvent(event);
+}
+
+void CTFixButton::focusOutEvent(QFocusEvent *event)
+{
+    QPushButton::focusOutEvent(event);
+    // A menu or another window taking the focus for a moment is not the focus going.
+    const bool really = event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+    if (m_fixMode == 4 && really && onResignFocus)
+        onResignFocus();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Observable.h"
+
+#include <QAbstractTableModel>
+
+class CTWindowController;
+
+// The cue table's rows: the project's arranged list (the cues the search accepts, in list
+// order), read straight from the project. It follows the project's key announcements: a new
+// list or filter resets the rows; edits of cues repaint them. No per-row objects are kept,
+// so a list of 100,000 cues costs nothing until rows are drawn.
+class CueTableModel final : public QAbstractTableModel
+{
+public:
+    enum Column { StartColumn, DurationColumn, TextColumn, ForcedColumn, ColumnCount };
+
+    explicit CueTableModel(CTWindowController *project, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+
+    // Repaints every row (the view draws only the visible ones).
+    void refreshRows();
+
+private:
+    void keyChanged(const QString &key, Observable::Change change);
+
+    CTWindowController *m_project;
+    Observable::KeyToken m_keys;
+    int m_resetDepth = 0;
+};

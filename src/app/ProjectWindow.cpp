@@ -1,0 +1,545 @@
+#include "ProjectWindow.h"
+
+#include "CTFixButton.h"
+#include "CueTableModel.h"
+#include "Log.h"
+#include "MovieArea.h"
+#include "VHTimeValueTransformer.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QSplitter>
+#include <QTableView>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+ProjectWindow::ProjectWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , m_project(std::make_unique<CTWindowController>(this, nullptr))
+{
+    setAcceptDrops(true);
+    auto *splitter = new QSplitter(Qt::Horizontal, this);
+    splitter->addWidget(buildMovieSide());
+    splitter->addWidget(buildEditorSide());
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 2);
+    setCentralWidget(splitter);
+    buildMenus();
+    observeProject();
+    m_project->setCommandHandler([this](const QString &command) {
+        if (m_commandHandler)
+            m_commandHandler(command);
+        else
+            logLine(u"Info: \"%1\" is not available in this build"_s.arg(command));
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusChanged(now); });
+    qApp->installEventFilter(this);
+    QMainWindow::setWindowTitle(QApplication::applicationName() + u"[*]"_s);
+    resize(1200, 720);
+}
+
+ProjectWindow::~ProjectWindow()
+{
+    qApp->removeEventFilter(this);
+    m_projectKeys.reset();
+    // Players stop reporting before the project goes; the project before the players.
+    for (const auto &controller : m_controllers)
+        controller->setDelegate(nullptr);
+    m_movieArea->setPlayerView(nullptr);
+    m_project.reset();
+    m_controllers.clear();
+}
+
+void ProjectWindow::setPlayers(PlaybackControlFactory factory, PlayerViewOf viewOf)
+{
+    m_playerFactory = std::move(factory);
+    m_viewOf = std::move(viewOf);
+    m_project->setMovieControllerFactory([this](int kind) -> PlaybackControl * {
+        PlaybackControl *controller = m_playerFactory ? m_playerFactory(kind) : nullptr;
+        if (controller)
+            m_controllers.emplace_back(controller);
+        return controller;
+    });
+}
+
+void ProjectWindow::start()
+{
+    m_project->windowDidLoad();
+    refreshEditorFields();
+    refreshStates();
+}
+
+void ProjectWindow::openFiles(const QStringList &paths)
+{
+    if (!paths.isEmpty())
+        m_project->droppedFiles(paths);
+}
+
+// --- layout -------------------------------------------------------------------------------------
+
+QWidget *ProjectWindow::buildMovieSide()
+{
+    auto *side = new QWidget(this);
+    auto *layout = new QVBoxLayout(side);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_movieArea = new MovieArea(side);
+    layout->addWidget(m_movieArea, 1);
+
+    auto *bar = new QHBoxLayout;
+    m_playButton = new QPushButton(u"Play"_s, side);
+    connect(m_playButton, &QPushButton::clicked, this, [this] { runCommand(u"playPause:"_s); });
+    bar->addWidget(m_playButton);
+    const QStringList stepTitles = {u"−5"_s, u"−1"_s, u"+1"_s, u"+5"_s};
+    const QStringList stepCommands = {u"rewind:"_s, u"stepBackward:"_s, u"stepForward:"_s, u"fastForward:"_s};
+    for (int i = 0; i < 4; ++i) {
+        auto *button = new QPushButton(stepTitles[i], side);
+        button->setToolTip(i == 0 || i == 3 ? u"Five frames"_s : u"One frame"_s);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setEnabled(false);
+        connect(button, &QPushButton::clicked, this, [this, command = stepCommands[i]] { runCommand(command); });
+        bar->addWidget(button);
+        m_stepButtons << button;
+    }
+    m_scrubber = new QSlider(Qt::Horizontal, side);
+    m_scrubber->setRange(0, 0);
+    m_scrubber->setFocusPolicy(Qt::NoFocus);
+    connect(m_scrubber, &QSlider::sliderPressed, this, [this] { m_scrubbing = true; });
+    connect(m_scrubber, &QSlider::sliderReleased, this, [this] { m_scrubbing = false; });
+    connect(m_scrubber, &QSlider::valueChanged, this, [this](int value) {
+        if (m_scrubbing)
+            if (PlaybackControl *player = m_project->movieController())
+                player->setCurrentTime(value / 1000.0);
+    });
+    bar->addWidget(m_scrubber, 1);
+    m_timeLabel = new QLabel(VHTimeValueTransformer::stringForTime(0), side);
+    bar->addWidget(m_timeLabel);
+    auto *subtitleToggle = new QToolButton(side);
+    subtitleToggle->setText(u"CC"_s);
+    subtitleToggle->setToolTip(u"Show the subtitle over the movie"_s);
+    subtitleToggle->setCheckable(true);
+    subtitleToggle->setChecked(true);
+    subtitleToggle->setFocusPolicy(Qt::NoFocus);
+    connect(subtitleToggle, &QToolButton::toggled, this, [this](bool on) {
+        if (PlaybackControl *player = m_project->movieController())
+            player->setShowSubtitle(on);
+    });
+    bar->addWidget(subtitleToggle);
+    auto *fullScreen = new QToolButton(side);
+    fullScreen->setText(u"⛶"_s);
+    fullScreen->setToolTip(u"Full screen"_s);
+    fullScreen->setFocusPolicy(Qt::NoFocus);
+    connect(fullScreen, &QToolButton::clicked, this,
+            [this] { isFullScreen() ? showNormal() : showFullScreen(); });
+    bar->addWidget(fullScreen);
+    layout->addLayout(bar);
+    return side;
+}
+
+QWidget *ProjectWindow::buildEditorSide()
+{
+    auto *side = new QWidget(this);
+    auto *layout = new QVBoxLayout(side);
+
+    auto *top = new QHBoxLayout;
+    m_languageButton = new QToolButton(side);
+    m_languageButton->setPopupMode(QToolButton::InstantPopup);
+    m_languageButton->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_languageButton->setMinimumWidth(180);
+    m_languageMenu = new QMenu(m_languageButton);
+    m_languageButton->setMenu(m_languageMenu);
+    top->addWidget(m_languageButton, 1);
+    m_searchField = new QLineEdit(side);
+    m_searchField->setPlaceholderText(u"Search"_s);
+    m_searchField->setClearButtonEnabled(true);
+    connect(m_searchField, &QLineEdit::textChanged, this, [this](const QString &text) {
+        if (text != m_project->searchString())
+            m_project->setSearchString(text);
+    });
+    top->addWidget(m_searchField, 1);
+    layout->addLayout(top);
+
+    auto *replace = new QHBoxLayout;
+    m_replaceField = new QLineEdit(side);
+    m_replaceField->setPlaceholderText(u"Replace with"_s);
+    replace->addWidget(m_replaceField, 1);
+    auto *replaceAll = new QPushButton(u"Replace All"_s, side);
+    connect(replaceAll, &QPushButton::clicked, this,
+            [this] { m_project->replaceAll(m_searchField->text(), m_replaceField->text()); });
+    replace->addWidget(replaceAll);
+    layout->addLayout(replace);
+
+    m_model = new CueTableModel(m_project.get(), this);
+    m_table = new QTableView(side);
+    m_table->setModel(m_model);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // no per-row measuring
+    m_table->horizontalHeader()->setSectionResizeMode(CueTableModel::TextColumn, QHeaderView::Stretch);
+    m_table->setColumnWidth(CueTableModel::StartColumn, 110);
+    m_table->setColumnWidth(CueTableModel::DurationColumn, 110);
+    m_table->setColumnWidth(CueTableModel::ForcedColumn, 60);
+    m_table->setWordWrap(false);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { tableSelectionChanged(); });
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] { applyProjectSelection(); });
+    layout->addWidget(m_table, 1);
+
+    auto *fields = new QHBoxLayout;
+    fields->addWidget(new QLabel(u"Start"_s, side));
+    m_startField = new QLineEdit(side);
+    fields->addWidget(m_startField);
+    fields->addWidget(new QLabel(u"Duration"_s, side));
+    m_durationField = new QLineEdit(side);
+    fields->addWidget(m_durationField);
+    m_forcedBox = new QCheckBox(u"Forced"_s, side);
+    fields->addWidget(m_forcedBox);
+    m_fixButton = new CTFixButton(side);
+    fields->addWidget(m_fixButton);
+    layout->addLayout(fields);
+    connect(m_startField, &QLineEdit::editingFinished, this, [this] {
+        if (!m_updatingFields && m_project->currentSubtitle())
+            m_project->setStart(VHTimeValueTransformer::timeForString(m_startField->text()));
+    });
+    connect(m_durationField, &QLineEdit::editingFinished, this, [this] {
+        if (!m_updatingFields && m_project->currentSubtitle())
+            m_project->setDuration(VHTimeValueTransformer::timeForString(m_durationField->text()));
+    });
+    connect(m_forcedBox, &QCheckBox::clicked, this, [this](bool checked) {
+        if (!m_updatingFields)
+            m_project->setForcedState(checked ? 1 : 0);
+    });
+    connect(m_fixButton, &QPushButton::clicked, this, [this] { fixButtonClicked(); });
+    m_fixButton->onTap = [this] { m_project->fixSubtitleStart(); };
+    m_fixButton->onEscape = [this] { m_project->fixButtonGotEscape(); };
+    m_fixButton->onResignFocus = [this] { m_project->fixButtonDidResignFirstResponder(); };
+
+    m_textField = new QPlainTextEdit(side);
+    m_textField->setMaximumHeight(90);
+    m_textField->setTabChangesFocus(true);
+    connect(m_textField, &QPlainTextEdit::textChanged, this, [this] {
+        const SubtitlePtr &cue = m_project->currentSubtitle();
+        const QString text = m_textField->toPlainText();
+        if (!m_updatingFields && cue && cue->string() != text)
+            m_project->setSubtitleText(text);
+    });
+    layout->addWidget(m_textField);
+    return side;
+}
+
+// --- following the project -------------------------------------------------------------------------
+
+void ProjectWindow::observeProject()
+{
+    m_projectKeys = m_project->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
+        if (change == Observable::Change::Did)
+            projectKeyChanged(key);
+    });
+}
+
+void ProjectWindow::projectKeyChanged(const QString &key)
+{
+    if (key == u"currentTime"_s) {
+        const double t = m_project->currentTime();
+        if (!m_scrubbing) {
+            const QSignalBlocker blocker(m_scrubber);
+            m_scrubber->setValue(int(std::lround(t * 1000)));
+        }
+        m_timeLabel->setText(VHTimeValueTransformer::stringForTime(t));
+        m_fixButton->setTimeShift(m_project->timeShift());
+        return; // many times a second: nothing else follows the time
+    }
+    if (key == u"selectionIndices"_s)
+        applyProjectSelection();
+    if (key == u"start"_s || key == u"duration"_s || key == u"subtitleText"_s || key == u"forced"_s ||
+        key == u"forcedState"_s || key == u"currentSubtitle"_s || key == u"selectionIndices"_s)
+        refreshEditorFields();
+    if (key == u"fixMode"_s)
+        m_fixButton->setFixMode(m_project->fixMode());
+    if (key == u"searchPredicate"_s && m_searchField->text() != m_project->searchString()) {
+        const QSignalBlocker blocker(m_searchField);
+        m_searchField->setText(m_project->searchString());
+    }
+    scheduleRefresh();
+}
+
+void ProjectWindow::scheduleRefresh()
+{
+    if (m_refreshPending)
+        return;
+    m_refreshPending = true;
+    QTimer::singleShot(0, this, [this] { refreshStates(); });
+}
+
+void ProjectWindow::refreshStates()
+{
+    m_refreshPending = false;
+    refreshMenus();
+    const bool movie = m_project->hasMovie();
+    m_playButton->setEnabled(movie);
+    m_scrubber->setEnabled(movie);
+    for (QPushButton *button : std::as_const(m_stepButtons))
+        button->setEnabled(movie && !m_frameSteps.isEmpty());
+    m_fixButton->setFixMode(m_project->fixMode());
+    m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == 4);
+    m_fixButton->setTimeShift(m_project->timeShift());
+    m_model->refreshRows();
+}
+
+void ProjectWindow::refreshEditorFields()
+{
+    m_updatingFields = true;
+    const bool current = bool(m_project->currentSubtitle());
+    auto setField = [](QLineEdit *field, const QString &text) {
+        if (!field->hasFocus() || !field->isModified())
+            field->setText(text);
+    };
+    setField(m_startField, current ? VHTimeValueTransformer::stringForTime(m_project->start()) : QString());
+    setField(m_durationField, current ? VHTimeValueTransformer::stringForTime(m_project->duration()) : QString());
+    const QString text = current ? m_project->subtitleText() : QString();
+    if (m_textField->toPlainText() != text)
+        m_textField->setPlainText(text);
+    m_startField->setEnabled(current);
+    m_durationField->setEnabled(current);
+    m_textField->setEnabled(current);
+    const int forced = m_project->forcedState();
+    m_forcedBox->setTristate(forced < 0);
+    m_forcedBox->setCheckState(forced < 0 ? Qt::PartiallyChecked : forced ? Qt::Checked : Qt::Unchecked);
+    m_forcedBox->setEnabled(m_project->canChangeForced());
+    m_updatingFields = false;
+}
+
+void ProjectWindow::applyProjectSelection()
+{
+    if (m_syncingSelection)
+        return;
+    m_syncingSelection = true;
+    QItemSelection selection;
+    const QList<qsizetype> &rows = m_project->selectionIndices();
+    // Runs of rows become one range each, so selecting thousands of rows stays cheap.
+    for (qsizetype i = 0; i < rows.size();) {
+        qsizetype j = i;
+        while (j + 1 < rows.size() && rows[j + 1] == rows[j] + 1)
+            ++j;
+        selection.select(m_model->index(int(rows[i]), 0),
+                         m_model->index(int(rows[j]), CueTableModel::ColumnCount - 1));
+        i = j + 1;
+    }
+    m_table->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (rows.size() == 1) {
+        const QModelIndex index = m_model->index(int(rows.first()), 0);
+        m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        m_table->scrollTo(index);
+    }
+    m_syncingSelection = false;
+}
+
+void ProjectWindow::tableSelectionChanged()
+{
+    if (m_syncingSelection)
+        return;
+    QList<qsizetype> rows;
+    const QModelIndexList selected = m_table->selectionModel()->selectedRows();
+    rows.reserve(selected.size());
+    for (const QModelIndex &index : selected)
+        rows << index.row();
+    // Option-click (Alt here) selects without seeking, as the project decides.
+    const Qt::KeyboardModifiers modifiers = QApplication::keyboardModifiers();
+    m_project->setModifierKeys((modifiers & Qt::ShiftModifier ? CTWindowController::ShiftModifier : 0) |
+                               (modifiers & Qt::AltModifier ? CTWindowController::OptionModifier : 0));
+    m_syncingSelection = true;
+    m_project->setSelectionIndices(rows);
+    m_syncingSelection = false;
+}
+
+// --- ProjectView: window, sheets, panels ------------------------------------------------------------
+
+void ProjectWindow::setWindowTitle(const QString &title)
+{
+    QMainWindow::setWindowTitle(title + u"[*]"_s);
+}
+
+void ProjectWindow::setDocumentEdited(bool edited)
+{
+    setWindowModified(edited);
+}
+
+void ProjectWindow::makeKeyAndOrderFront()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+QList<Sheet> ProjectWindow::attachedSheets() const
+{
+    QList<Sheet> sheets;
+    for (const auto &[sheet, dialog] : m_sheets)
+        sheets << sheet;
+    return sheets;
+}
+
+void ProjectWindow::beginSheet(const Sheet &sheet)
+{
+    QDialog *dialog = makeSheetDialog(sheet);
+    if (!dialog) {
+        logLine(u"Warning: No window for the sheet \"%1\""_s.arg(sheet.kind));
+        // Ended after this call returns, so that the project sees a sheet begin and end.
+        QTimer::singleShot(0, this, [this, sheet] { m_project->didEndSheet(sheet, 0); });
+        return;
+    }
+    dialog->setWindowModality(Qt::WindowModal);
+    m_sheets.append({sheet, dialog});
+    connect(dialog, &QDialog::finished, this, [this, sheet, dialog](int code) {
+        for (qsizetype i = 0; i < m_sheets.size(); ++i) {
+            if (m_sheets[i].second == dialog) {
+                m_sheets.removeAt(i);
+                break;
+            }
+        }
+        dialog->deleteLater();
+        m_project->didEndSheet(sheet, code);
+        scheduleRefresh();
+    });
+    dialog->open();
+    scheduleRefresh();
+}
+
+void ProjectWindow::endSheet(const Sheet &sheet, int returnCode)
+{
+    for (const auto &[attached, dialog] : std::as_const(m_sheets)) {
+        if (attached == sheet && dialog) {
+            dialog->done(returnCode); // reports through finished()
+            return;
+        }
+    }
+}
+
+void ProjectWindow::beginEditingText(qsizetype row)
+{
+    const QModelIndex index = m_model->index(int(row), CueTableModel::TextColumn);
+    if (!index.isValid())
+        return;
+    m_table->scrollTo(index);
+    m_table->setCurrentIndex(index);
+    m_table->edit(index);
+    if (auto *editor = qobject_cast<QLineEdit *>(m_table->indexWidget(index)))
+        editor->selectAll();
+}
+
+// --- ProjectView: the movie ------------------------------------------------------------------------
+
+void ProjectWindow::attachMovieController(PlaybackControl *controller)
+{
+    m_movieArea->setPlayerView(m_viewOf ? m_viewOf(controller) : nullptr);
+    controller->setShowSubtitle(true);
+}
+
+void ProjectWindow::detachMovieController(PlaybackControl *controller)
+{
+    if (m_viewOf && m_movieArea->playerView() == m_viewOf(controller))
+        m_movieArea->setPlayerView(nullptr);
+    // This may run inside one of the controller's own calls: it goes after they return.
+    QTimer::singleShot(0, this, [this, controller] { releaseController(controller); });
+}
+
+void ProjectWindow::releaseController(PlaybackControl *controller)
+{
+    if (controller == m_project->movieController())
+        return; // taken back meanwhile
+    std::erase_if(m_controllers, [controller](const auto &owned) { return owned.get() == controller; });
+}
+
+void ProjectWindow::setPlayerViewVisible(bool visible)
+{
+    m_movieArea->setPlayerViewVisible(visible);
+}
+
+void ProjectWindow::setBackgroundImageVisible(bool visible)
+{
+    m_movieArea->setBackgroundVisible(visible);
+}
+
+void ProjectWindow::setMovieAspectRatio(double ratio)
+{
+    m_movieArea->setAspectRatio(ratio);
+}
+
+void ProjectWindow::setAudioMenuItems(const QList<AudioTrackItem> &items)
+{
+    m_audioMenu->clear();
+    for (qsizetype i = 0; i < items.size(); ++i) {
+        QAction *item = m_audioMenu->addAction(items[i].title);
+        item->setCheckable(items[i].tag >= 0);
+        item->setChecked(items[i].checked);
+        item->setEnabled(items[i].tag >= 0);
+        connect(item, &QAction::triggered, this, [this, i] { m_project->setActiveTrack(int(i)); });
+    }
+}
+
+void ProjectWindow::setScrubberRange(double minimum, double maximum)
+{
+    const QSignalBlocker blocker(m_scrubber);
+    m_scrubber->setRange(int(std::lround(minimum * 1000)), int(std::lround(maximum * 1000)));
+}
+
+void ProjectWindow::setFrameStepAmounts(const QList<double> &seconds)
+{
+    m_frameSteps = seconds;
+    scheduleRefresh();
+}
+
+void ProjectWindow::setPlayButtonTitle(const QString &title)
+{
+    m_playButton->setText(title);
+    if (QAction *item = action(u"playPause:"_s)) {
+        item->setText(title);
+        item->setProperty("baseTitle", title);
+    }
+}
+
+// --- events ----------------------------------------------------------------------------------------
+
+void ProjectWindow::closeEvent(QCloseEvent *event)
+{
+    if (m_terminating || m_project->windowShouldClose())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void ProjectWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (std::any_of(urls.cbegin(), urls.cend(), [](const QUrl &url) { return url.isLocalFile(); }))
+        event->acceptProposedAction();
+}
+
+void ProjectWindow::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    const QList<QUrl> urls = event->mimeData()->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    event->acceptProposedAction(); // a drop is always taken
+    openFiles(paths);
+}
