@@ -57,6 +57,7 @@ ProjectWindow::ProjectWindow(QWidget *parent)
 ProjectWindow::~ProjectWindow()
 {
     qApp->removeEventFilter(this);
+    disconnect(qApp, nullptr, this, nullptr);
     m_projectKeys.reset();
     // Players stop reporting before the project goes; the project before the players.
     for (const auto &controller : m_controllers)
@@ -519,7 +520,7 @@ void ProjectWindow::setPlayButtonTitle(const QString &title)
 
 void ProjectWindow::closeEvent(QCloseEvent *event)
 {
-    if (m_terminating || m_project->windowShouldClose())
+    if (!m_project || m_terminating || m_project->windowShouldClose())
         event->accept();
     else
         event->ignore();

@@ -1,0 +1,369 @@
+// The project window through its widgets, with a fake player standing in for libmpv/libVLC.
+#include "CTFixButton.h"
+#include "CueTableModel.h"
+#include "LocaleNames.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "MovieArea.h"
+#include "ProjectWindow.h"
+#include "Settings.h"
+#include "TestSupport.h"
+#include "VHTimeValueTransformer.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+// A player whose picture is a plain widget; loading succeeds or fails as the test says and
+// is reported when the test calls finishLoading().
+class FakePlayer final : public PlaybackControl
+{
+public:
+    explicit FakePlayer(int kind, bool loadable) : m_kind(kind), m_loadable(loadable) {}
+    QWidget view;
+    PlaybackControlDelegate *delegate = nullptr;
+    bool movie = false, playing = false;
+    double time = 0;
+    QList<double> seeks;
+    QList<AudioTrackItem> audio;
+
+    int kind() const override { return m_kind; }
+    bool hasMovie() const override { return movie; }
+    double currentTime() const override { return time; }
+    void setCurrentTime(double seconds) override
+    {
+        seeks << seconds;
+        time = seconds;
+        if (delegate)
+            delegate->movieControllerChangedTime(this, seconds);
+    }
+    double fps() const override { return 25; }
+    double duration() const override { return 60; }
+    bool isPlaying() const override { return playing; }
+    void setPlaying(bool p) override
+    {
+        playing = p;
+        if (delegate)
+            delegate->movieControllerChangedPlaying(this, p);
+    }
+    void setSubtitles(const SubtitleList &) override {}
+    void setShowSubtitle(bool) override {}
+    void redrawCurrentSubtitle() override {}
+    qsizetype currentSegmentIndex() const override { return 0; }
+    bool loadMovieURL(const QString &) override { return m_loadable; }
+    void unloadMovie() override { movie = false; }
+    void setDelegate(PlaybackControlDelegate *d) override { delegate = d; }
+    double aspectRatio() const override { return 2.0; }
+    QList<AudioTrackItem> audioMenuItems() const override { return audio; }
+
+private:
+    int m_kind;
+    bool m_loadable;
+};
+
+class WindowTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        MainQueue::main().drain();
+        Settings::shared().useFile(dir.path(u"settings.ini"_s));
+        Settings::shared().setValue(u"Locale"_s, u"en"_s);
+        Settings::shared().setValue(u"AutoOpenSearch"_s, false);
+        LocaleNames::setInterfaceLanguage(u"en"_s);
+        window = std::make_unique<ProjectWindow>();
+        window->setPlayers(
+            [this](int kind) -> PlaybackControl * {
+                auto *player = new FakePlayer(kind, kind == 1 ? firstLoads : true);
+                player->audio = audio;
+                players << player;
+                return player;
+            },
+            [](PlaybackControl *player) -> QWidget * { return &static_cast<FakePlayer *>(player)->view; });
+        window->start();
+        window->show();
+        QApplication::setActiveWindow(window.get());
+        movie = dir.write(u"Film.mp4"_s, "movie");
+    }
+    void TearDown() override
+    {
+        MainQueue::main().drain();
+        window.reset();
+    }
+    FakePlayer *player() const { return static_cast<FakePlayer *>(window->project()->movieController()); }
+    // Opens Film.mp4 with Film.en.srt beside it (three lines) and lets the player report it loaded.
+    void openMovieWithSubtitles()
+    {
+        dir.write(u"Film.en.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nHello there\n\n"
+                                    "2\n00:00:05,000 --> 00:00:07,500\nSecond line\n\n"
+                                    "3\n00:00:10,000 --> 00:00:12,000\nThird hello\n\n");
+        window->project()->setMoviePath(movie);
+        player()->movie = true;
+        player()->delegate->movieControllerDidLoadMovie(player());
+        QCoreApplication::processEvents();
+    }
+    QList<int> selectedRows() const
+    {
+        QList<int> rows;
+        for (const QModelIndex &index : window->cueTable()->selectionModel()->selectedRows())
+            rows << index.row();
+        std::sort(rows.begin(), rows.end());
+        return rows;
+    }
+
+    TempDir dir;
+    ScriptedPrompter prompter;
+    ScopedPrompter scopedPrompter{&prompter};
+    LogCapture log;
+    QList<FakePlayer *> players;
+    bool firstLoads = true;
+    QList<AudioTrackItem> audio;
+    std::unique_ptr<ProjectWindow> window;
+    QString movie;
+};
+
+TEST_F(WindowTest, ALoadedMovieShowsItsPictureAndTheFilesBesideIt)
+{
+    audio = {{u"English"_s, 0, false}, {u"French"_s, 1, false}};
+    EXPECT_TRUE(window->movieArea()->isBackgroundShown());
+    openMovieWithSubtitles();
+    EXPECT_EQ(window->movieArea()->playerView(), &players.last()->view);
+    EXPECT_TRUE(window->movieArea()->isPlayerViewShown());
+    EXPECT_FALSE(window->movieArea()->isBackgroundShown());
+    EXPECT_DOUBLE_EQ(window->movieArea()->aspectRatio(), 2.0);
+    EXPECT_EQ(window->cueModel()->rowCount(), 3);
+    EXPECT_EQ(window->languageButton()->text(), u"English Subtitle"_s);
+    EXPECT_TRUE(window->windowTitle().startsWith(u"Captora - Film"_s) ||
+                window->windowTitle().contains(u"Film"_s));
+    ASSERT_EQ(window->audioMenu()->actions().size(), 2);
+    EXPECT_TRUE(window->audioMenu()->actions()[0]->isChecked());
+    window->audioMenu()->actions()[1]->trigger();
+    EXPECT_TRUE(window->audioMenu()->actions()[1]->isChecked());
+    EXPECT_EQ(Settings::shared().value(u"AudioTrack"_s).toInt(), 1);
+    EXPECT_EQ(window->scrubber()->maximum(), 60000);
+    EXPECT_EQ(window->frameSteps().size(), 4);
+}
+
+TEST_F(WindowTest, AMovieNeitherPlayerOpensLeavesTheBackgroundAndNoAudioTrack)
+{
+    firstLoads = false;
+    window->project()->setMoviePath(movie);
+    FakePlayer *fallback = player();
+    ASSERT_EQ(fallback->kind(), 2);
+    fallback->delegate->movieControllerFaildLoading(fallback);
+    QCoreApplication::processEvents(); // the released players go
+    EXPECT_EQ(window->project()->movieController(), nullptr);
+    EXPECT_EQ(window->movieArea()->playerView(), nullptr);
+    EXPECT_TRUE(window->movieArea()->isBackgroundShown());
+    ASSERT_EQ(window->audioMenu()->actions().size(), 1);
+    EXPECT_EQ(window->audioMenu()->actions()[0]->text(), u"No Audio Track"_s);
+    EXPECT_FALSE(window->audioMenu()->actions()[0]->isEnabled());
+    EXPECT_EQ(log.count(u"Warning: Movie at %1 could not be opened!"_s.arg(movie)), 1);
+}
+
+TEST_F(WindowTest, SelectionGoesBothWaysAndAClickSeeks)
+{
+    openMovieWithSubtitles();
+    QTableView *table = window->cueTable();
+    table->selectRow(1);
+    EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{1});
+    ASSERT_FALSE(player()->seeks.isEmpty());
+    EXPECT_DOUBLE_EQ(player()->seeks.last(), 5.0001);
+    EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(5));
+    EXPECT_EQ(window->durationField()->text(), VHTimeValueTransformer::stringForTime(2.5));
+    EXPECT_EQ(window->textField()->toPlainText(), u"Second line"_s);
+
+    window->project()->setSelectionIndices({0, 2});
+    EXPECT_EQ(selectedRows(), (QList<int>{0, 2}));
+    EXPECT_FALSE(window->project()->currentSubtitle());
+    EXPECT_FALSE(window->textField()->isEnabled());
+    window->project()->silentGotoNextSubtitle(); // from no single row: clears
+    window->project()->setSelectionIndices({2});
+    EXPECT_EQ(selectedRows(), QList<int>{2});
+    EXPECT_EQ(window->textField()->toPlainText(), u"Third hello"_s);
+}
+
+TEST_F(WindowTest, EditorFieldsAndCueFollowEachOther)
+{
+    openMovieWithSubtitles();
+    window->cueTable()->selectRow(0);
+    const SubtitlePtr cue = window->project()->currentSubtitle();
+    ASSERT_TRUE(cue);
+
+    window->textField()->setPlainText(u"Hello\nthere"_s);
+    EXPECT_EQ(cue->string(), u"Hello\nthere"_s);
+    EXPECT_TRUE(window->project()->hasChanged());
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(0, CueTableModel::TextColumn), Qt::DisplayRole).toString(),
+              u"Hello / there"_s);
+
+    window->durationField()->setText(u"00:00:01,500"_s);
+    Q_EMIT window->durationField()->editingFinished();
+    EXPECT_DOUBLE_EQ(cue->end(), 2.5);
+
+    cue->setForced(true); // a change from elsewhere shows in the check box and the table
+    window->project()->setSelectionIndices({0});
+    EXPECT_EQ(window->forcedBox()->checkState(), Qt::Checked);
+    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(0, CueTableModel::ForcedColumn), Qt::CheckStateRole),
+              Qt::Checked);
+}
+
+TEST_F(WindowTest, TheSearchFieldFiltersTheTable)
+{
+    openMovieWithSubtitles();
+    QTest::keyClicks(window->searchField(), u"HELLO"_s);
+    ASSERT_EQ(window->cueModel()->rowCount(), 2);
+    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(1, CueTableModel::StartColumn), Qt::DisplayRole).toString(),
+              VHTimeValueTransformer::stringForTime(10));
+    window->cueTable()->selectRow(1);
+    EXPECT_EQ(window->project()->currentSubtitle()->string(), u"Third hello"_s);
+    window->searchField()->clear();
+    EXPECT_EQ(window->cueModel()->rowCount(), 3);
+}
+
+TEST_F(WindowTest, MenuItemsTakeTheirTitlesAndStatesFromTheProject)
+{
+    window->refreshMenus();
+    EXPECT_FALSE(window->action(u"toggleTap2Sync:"_s)->isEnabled());
+    EXPECT_FALSE(window->action(u"saveSubtitle:"_s)->isEnabled());
+    EXPECT_FALSE(window->action(u"playPause:"_s)->isEnabled());
+
+    openMovieWithSubtitles();
+    window->project()->setSelectionIndices({0, 1});
+    window->refreshMenus();
+    EXPECT_EQ(window->action(u"deleteSubtitle:"_s)->text(), u"Delete 2 Subtitle Lines"_s);
+    EXPECT_EQ(window->action(u"saveSubtitle:"_s)->text(), u"Save Subtitle"_s);
+    EXPECT_EQ(window->action(u"addSubtitle:"_s)->text(), u"Add Subtitle Line"_s);
+    EXPECT_TRUE(window->action(u"toggleTap2Sync:"_s)->isEnabled());
+    EXPECT_FALSE(window->action(u"convertChapterMarkToSubtitle:"_s)->isEnabled());
+
+    // A disabled command does nothing even when its key is pressed.
+    window->project()->setSelectionIndices({});
+    window->runCommand(u"deleteSubtitle:"_s);
+    EXPECT_EQ(window->project()->subtitles().size(), 3);
+
+    window->runCommand(u"playPause:"_s);
+    EXPECT_EQ(window->playButton()->text(), u"Pause"_s);
+    EXPECT_EQ(window->action(u"playPause:"_s)->text(), u"Pause"_s);
+    window->runCommand(u"playPause:"_s);
+    EXPECT_EQ(window->playButton()->text(), u"Play"_s);
+}
+
+TEST_F(WindowTest, ArrowKeysStepFramesExceptInTextFields)
+{
+    openMovieWithSubtitles();
+    window->cueTable()->setFocus();
+    QCoreApplication::processEvents();
+    const double before = player()->time;
+    QTest::keyClick(window->cueTable(), Qt::Key_Right);
+    EXPECT_NEAR(player()->time, before + 0.04, 1e-9);
+    QTest::keyClick(window->cueTable(), Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_NEAR(player()->time, std::max(0.0, before + 0.04 - 0.2), 1e-9);
+
+    QApplication::setActiveWindow(window.get());
+    window->searchField()->setFocus();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(QApplication::focusWidget(), window->searchField());
+    EXPECT_FALSE(window->project()->allowArrows());
+    EXPECT_TRUE(window->action(u"stepForward:"_s)->shortcut().isEmpty());
+    const double inField = player()->time;
+    QTest::keyClick(window->searchField(), Qt::Key_Right);
+    EXPECT_DOUBLE_EQ(player()->time, inField);
+
+    window->cueTable()->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window->project()->allowArrows());
+    EXPECT_EQ(window->action(u"stepForward:"_s)->shortcut(), QKeySequence(Qt::Key_Right));
+}
+
+TEST_F(WindowTest, ClosingWithUnsavedChangesAsksFirst)
+{
+    openMovieWithSubtitles();
+    window->project()->setHasChanged(true);
+    prompter.answers = {PromptAnswer{2, 0, false}}; // Cancel
+    EXPECT_FALSE(window->close());
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(prompter.prompts[0].message, u"You have unsaved changes. Do you want to save them?"_s);
+    EXPECT_EQ(prompter.prompts[0].buttons,
+              (QStringList{u"Save Subtitle"_s, u"Discard Changes"_s, u"Cancel"_s}));
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->project()->moviePath(), movie);
+
+    prompter.answers = {PromptAnswer{1, 0, false}}; // Discard Changes
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(window->project()->moviePath().isEmpty());
+}
+
+TEST_F(WindowTest, DroppedAndCommandLineFilesOpenAfterTheCurrentEvent)
+{
+    const QString srt = dir.write(u"Other.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nDropped\n\n");
+    window->openFiles({srt});
+    EXPECT_EQ(window->cueModel()->rowCount(), 0);
+    MainQueue::main().drain();
+    ASSERT_EQ(window->cueModel()->rowCount(), 1);
+    EXPECT_EQ(window->project()->subtitlePath(), srt);
+
+    window->openFiles({movie});
+    MainQueue::main().drain();
+    EXPECT_EQ(players.size(), 1);
+    EXPECT_EQ(player()->kind(), 1);
+}
+
+TEST_F(WindowTest, TheFixControlNamesTheModeAndShowsTheShiftInSteps)
+{
+    CTFixButton button;
+    struct Case
+    {
+        int mode;
+        const char *title;
+        bool takesFocus;
+    };
+    for (const Case &c : {Case{0, "Fix", false}, Case{1, "Fix", false}, Case{2, "Shift", false},
+                          Case{3, "Single", false}, Case{4, "Tap", true}}) {
+        button.setFixMode(c.mode);
+        EXPECT_EQ(button.title(), QString::fromLatin1(c.title));
+        EXPECT_EQ(button.focusPolicy() != Qt::NoFocus, c.takesFocus) << c.mode;
+    }
+    button.setTimeShift(1.0);
+    EXPECT_EQ(button.subtitle(), u"+1.00s"_s);
+    button.setTimeShift(1.004);
+    EXPECT_EQ(button.subtitle(), u"+1.00s"_s);
+    button.setTimeShift(1.006);
+    EXPECT_EQ(button.subtitle(), u"+1.01s"_s);
+    button.setTimeShift(-0.25);
+    EXPECT_EQ(button.subtitle(), u"-0.25s"_s);
+
+    int taps = 0, escapes = 0;
+    button.onTap = [&] { ++taps; };
+    button.onEscape = [&] { ++escapes; };
+    QTest::keyClick(&button, Qt::Key_A);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QTest::keyClick(&button, Qt::Key_Escape);
+    EXPECT_EQ(taps, 1);
+    EXPECT_EQ(escapes, 1);
+}
+
+TEST_F(WindowTest, TheFixKeyFixesTheCurrentLineAtThePlayingTime)
+{
+    openMovieWithSubtitles();
+    window->cueTable()->selectRow(1);
+    player()->time = 5.5;
+    window->cueTable()->setFocus();
+    QCoreApplication::processEvents();
+    QTest::keyClick(window->cueTable(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5.5);
+    EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(5.5));
+}
+} // namespace
