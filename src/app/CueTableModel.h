@@ -24,6 +24,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
+    bool isResetting() const { return m_resetDepth > 0; }
     // Repaints every row (the view draws only the visible ones).
     void refreshRows();
 

@@ -214,6 +214,10 @@ QWidget *ProjectWindow::buildEditorSide()
     fields->addWidget(m_forcedBox);
     m_fixButton = new CTFixButton(side);
     fields->addWidget(m_fixButton);
+    // Where the current line may start: the earliest and latest time of its fix range.
+    m_rangeLabel = new QLabel(side);
+    m_rangeLabel->setToolTip(u"The times the current line's start may be fixed between"_s);
+    fields->addWidget(m_rangeLabel);
     layout->addLayout(fields);
     connect(m_startField, &QLineEdit::editingFinished, this, [this] {
         if (!m_updatingFields && m_project->currentSubtitle())
@@ -301,6 +305,10 @@ void ProjectWindow::refreshStates()
     m_fixButton->setFixMode(m_project->fixMode());
     m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == 4);
     m_fixButton->setTimeShift(m_project->timeShift());
+    const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
+    m_rangeLabel->setText(range.startText.isEmpty() && range.endText.isEmpty()
+                              ? QString()
+                              : range.startText + u" … "_s + range.endText);
     m_model->refreshRows();
 }
 
@@ -329,7 +337,8 @@ void ProjectWindow::refreshEditorFields()
 
 void ProjectWindow::applyProjectSelection()
 {
-    if (m_syncingSelection)
+    // While the rows are being replaced the selection waits for the model's reset signal.
+    if (m_syncingSelection || m_model->isResetting())
         return;
     m_syncingSelection = true;
     QItemSelection selection;

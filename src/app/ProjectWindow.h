@@ -174,4 +174,5 @@ private:
     QLineEdit *m_searchField = nullptr;
     QLineEdit *m_replaceField = nullptr;
     CTFixButton *m_fixButton = nullptr;
+    QLabel *m_rangeLabel = nullptr;
 };

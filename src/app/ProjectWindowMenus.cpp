@@ -254,6 +254,7 @@ void ProjectWindow::setPlayButtonKeyEquivalent(const QString &key)
 void ProjectWindow::makeFixControlFirstResponder()
 {
     m_fixButton->setFixMode(m_project->fixMode());
+    m_fixButton->setEnabled(true); // the taps go here for as long as the mode lasts
     m_fixButton->setFocus(Qt::OtherFocusReason);
 }
 

@@ -105,7 +105,8 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
         anyChanged = true;
     }
     if (anyChanged) {
-        invalidateArranged();
+        // Lines may have left or joined the filtered list: the table is told, not just the cache.
+        updateSearchPredicate();
         markChanged();
     }
 }

@@ -231,6 +231,57 @@ TEST_F(WindowTest, TheSearchFieldFiltersTheTable)
     EXPECT_EQ(window->project()->currentSubtitle()->string(), u"Third hello"_s);
     window->searchField()->clear();
     EXPECT_EQ(window->cueModel()->rowCount(), 3);
+
+    // Replacing the searched text takes the lines out of the filtered table.
+    window->searchField()->setText(u"hello"_s);
+    ASSERT_EQ(window->cueModel()->rowCount(), 2);
+    window->project()->replaceAll(u"hello"_s, u"bye"_s);
+    EXPECT_EQ(window->cueModel()->rowCount(), 0);
+    window->searchField()->clear();
+    EXPECT_EQ(window->project()->subtitles()[0]->string(), u"bye there"_s);
+    EXPECT_EQ(window->cueModel()->rowCount(), 3);
+}
+
+TEST_F(WindowTest, Tap2SyncGivesTheSpaceBarToTheFixControl)
+{
+    openMovieWithSubtitles();
+    Settings::shared().setValue(u"ShownTap2Sync"_s, true);
+    window->cueTable()->selectRow(0);
+    window->runCommand(u"toggleTap2Sync:"_s);
+    ASSERT_EQ(window->project()->fixMode(), 4);
+    EXPECT_TRUE(window->action(u"playPause:"_s)->shortcut().isEmpty());
+    EXPECT_EQ(window->fixButton()->title(), u"Tap"_s);
+    EXPECT_EQ(QApplication::focusWidget(), window->fixButton());
+
+    player()->time = 1.5;
+    QTest::keyClick(window->fixButton(), Qt::Key_Space);
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[0]->start(), 1.2); // less the reaction time
+    EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{1}); // on to the next line
+
+    QTest::keyClick(window->fixButton(), Qt::Key_Escape);
+    EXPECT_EQ(window->project()->fixMode(), 1);
+    EXPECT_EQ(window->action(u"playPause:"_s)->shortcut(), QKeySequence(Qt::Key_Space));
+    EXPECT_EQ(window->fixButton()->title(), u"Fix"_s);
+}
+
+TEST_F(WindowTest, ASheetIsModalForTheWindowAndDisablesTheMenus)
+{
+    openMovieWithSubtitles();
+    window->runCommand(u"fixDuration:"_s);
+    ASSERT_TRUE(window->hasAttachedSheet());
+    const QList<Sheet> sheets = window->attachedSheets();
+    ASSERT_EQ(sheets.size(), 1);
+    EXPECT_EQ(sheets[0].kind, u"FixDuration"_s);
+    QWidget *dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
+    window->refreshMenus();
+    EXPECT_FALSE(window->action(u"saveSubtitle:"_s)->isEnabled());
+
+    window->endSheet(sheets[0], 0);
+    EXPECT_FALSE(window->hasAttachedSheet());
+    window->refreshMenus();
+    EXPECT_TRUE(window->action(u"saveSubtitle:"_s)->isEnabled());
 }
 
 TEST_F(WindowTest, MenuItemsTakeTheirTitlesAndStatesFromTheProject)
