@@ -37,8 +37,9 @@ ProjectWindow::ProjectWindow(QWidget *parent)
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     splitter->addWidget(buildMovieSide());
     splitter->addWidget(buildEditorSide());
-    splitter->setStretchFactor(0, 3);
-    splitter->setStretchFactor(1, 2);
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({640, 560});
     setCentralWidget(splitter);
     buildMenus();
     observeProject();
@@ -104,6 +105,7 @@ QWidget *ProjectWindow::buildMovieSide()
 
     auto *bar = new QHBoxLayout;
     m_playButton = new QPushButton(u"Play"_s, side);
+    m_playButton->setMaximumWidth(m_playButton->fontMetrics().horizontalAdvance(u"Pause"_s) + 32);
     connect(m_playButton, &QPushButton::clicked, this, [this] { runCommand(u"playPause:"_s); });
     bar->addWidget(m_playButton);
     const QStringList stepTitles = {u"−5"_s, u"−1"_s, u"+1"_s, u"+5"_s};
@@ -113,6 +115,7 @@ QWidget *ProjectWindow::buildMovieSide()
         button->setToolTip(i == 0 || i == 3 ? u"Five frames"_s : u"One frame"_s);
         button->setFocusPolicy(Qt::NoFocus);
         button->setEnabled(false);
+        button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"+5"_s) + 24);
         connect(button, &QPushButton::clicked, this, [this, command = stepCommands[i]] { runCommand(command); });
         bar->addWidget(button);
         m_stepButtons << button;
@@ -120,6 +123,7 @@ QWidget *ProjectWindow::buildMovieSide()
     m_scrubber = new QSlider(Qt::Horizontal, side);
     m_scrubber->setRange(0, 0);
     m_scrubber->setFocusPolicy(Qt::NoFocus);
+    m_scrubber->setMinimumWidth(120);
     connect(m_scrubber, &QSlider::sliderPressed, this, [this] { m_scrubbing = true; });
     connect(m_scrubber, &QSlider::sliderReleased, this, [this] { m_scrubbing = false; });
     connect(m_scrubber, &QSlider::valueChanged, this, [this](int value) {
@@ -142,8 +146,7 @@ QWidget *ProjectWindow::buildMovieSide()
     });
     bar->addWidget(subtitleToggle);
     auto *fullScreen = new QToolButton(side);
-    fullScreen->setText(u"⛶"_s);
-    fullScreen->setToolTip(u"Full screen"_s);
+    fullScreen->setText(u"Full Screen"_s);
     fullScreen->setFocusPolicy(Qt::NoFocus);
     connect(fullScreen, &QToolButton::clicked, this,
             [this] { isFullScreen() ? showNormal() : showFullScreen(); });
@@ -194,9 +197,11 @@ QWidget *ProjectWindow::buildEditorSide()
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // no per-row measuring
     m_table->horizontalHeader()->setSectionResizeMode(CueTableModel::TextColumn, QHeaderView::Stretch);
-    m_table->setColumnWidth(CueTableModel::StartColumn, 110);
-    m_table->setColumnWidth(CueTableModel::DurationColumn, 110);
-    m_table->setColumnWidth(CueTableModel::ForcedColumn, 60);
+    const int timeWidth = m_table->fontMetrics().horizontalAdvance(u"00:00:00,000"_s) + 16;
+    m_table->setColumnWidth(CueTableModel::StartColumn, timeWidth);
+    m_table->setColumnWidth(CueTableModel::DurationColumn, timeWidth);
+    m_table->setColumnWidth(CueTableModel::ForcedColumn,
+                            m_table->fontMetrics().horizontalAdvance(u"Forced"_s) + 16);
     m_table->setWordWrap(false);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { tableSelectionChanged(); });
@@ -484,7 +489,8 @@ void ProjectWindow::setPlayerViewVisible(bool visible)
 
 void ProjectWindow::setBackgroundImageVisible(bool visible)
 {
-    m_movieArea->setBackgroundVisible(visible);
+    // Without a player (none linked, or none could be made) there is no picture to uncover.
+    m_movieArea->setBackgroundVisible(visible || !m_movieArea->playerView());
 }
 
 void ProjectWindow::setMovieAspectRatio(double ratio)
