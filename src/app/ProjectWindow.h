@@ -86,6 +86,7 @@ public:
     MovieArea *movieArea() const { return m_movieArea; }
     QSlider *scrubber() const { return m_scrubber; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
+    double fixBackgroundDuration() const { return m_fixBackgroundDuration; }
 
     // --- ProjectView ------------------------------------------------------------------------
     void setWindowTitle(const QString &title) override;

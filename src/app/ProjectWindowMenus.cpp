@@ -292,13 +292,18 @@ void ProjectWindow::setLanguageButton(const QList<LanguageButtonItem> &items, qs
         }
         if (item.submenu) {
             // The locales a file can be renamed to.
+            // Filled when first opened: it lists every locale, and the pop-up is rebuilt often.
             QMenu *submenu = m_languageMenu->addMenu(item.title);
-            const std::shared_ptr<LanguageMenu> locales = CTWindowController::sharedLanguageMenu();
-            for (const LanguageMenu::Item &locale : locales->items) {
-                QAction *entry = submenu->addAction(locale.title);
-                connect(entry, &QAction::triggered, this,
-                        [this, id = locale.localeIdentifier] { m_project->switchLanguage(id); });
-            }
+            connect(submenu, &QMenu::aboutToShow, submenu, [this, submenu] {
+                if (!submenu->isEmpty())
+                    return;
+                const std::shared_ptr<LanguageMenu> locales = CTWindowController::sharedLanguageMenu();
+                for (const LanguageMenu::Item &locale : locales->items) {
+                    QAction *entry = submenu->addAction(locale.title);
+                    connect(entry, &QAction::triggered, this,
+                            [this, id = locale.localeIdentifier] { m_project->switchLanguage(id); });
+                }
+            });
             continue;
         }
         QAction *entry = m_languageMenu->addAction(item.title);

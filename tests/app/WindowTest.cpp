@@ -8,13 +8,17 @@
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "TestSupport.h"
+#include "WindowPrompter.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
+#include <QTimer>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -366,7 +370,15 @@ TEST_F(WindowTest, DroppedAndCommandLineFilesOpenAfterTheCurrentEvent)
     ASSERT_EQ(window->cueModel()->rowCount(), 1);
     EXPECT_EQ(window->project()->subtitlePath(), srt);
 
-    window->openFiles({movie});
+    // A real drop of the movie.
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(movie)});
+    QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(20, 20), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_TRUE(drop.isAccepted());
     MainQueue::main().drain();
     EXPECT_EQ(players.size(), 1);
     EXPECT_EQ(player()->kind(), 1);
@@ -416,5 +428,35 @@ TEST_F(WindowTest, TheFixKeyFixesTheCurrentLineAtThePlayingTime)
     QTest::keyClick(window->cueTable(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5.5);
     EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(5.5));
+}
+
+TEST_F(WindowTest, TheWindowsPrompterAnswersWithTheButtonChoiceAndBoxTheUserTook)
+{
+    WindowPrompter windowPrompter(window.get());
+    Prompt prompt;
+    prompt.message = u"Add Empty Subtitle"_s;
+    prompt.buttons = {u"Add"_s, u"Cancel"_s};
+    prompt.choices = {{u"English"_s, 3, false}, {QString(), 0, true}, {u"German"_s, 7, false}};
+    prompt.selectedTag = 3;
+    prompt.checkboxTitle = u"Don't ask again"_s;
+    // The user picks German, ticks the box and presses "Add".
+    QTimer::singleShot(0, [] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        auto *choices = dialog->findChild<QComboBox *>();
+        choices->setCurrentIndex(choices->findText(u"German"_s));
+        dialog->findChild<QCheckBox *>()->setChecked(true);
+        for (QPushButton *button : dialog->findChildren<QPushButton *>())
+            if (button->text() == u"Add"_s)
+                button->click();
+    });
+    const PromptAnswer answer = windowPrompter.ask(prompt);
+    EXPECT_EQ(answer.button, 0);
+    EXPECT_EQ(answer.selectedTag, 7);
+    EXPECT_TRUE(answer.checkboxChecked);
+
+    // Closing the dialog declines: the last button.
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_EQ(windowPrompter.ask(prompt).button, 1);
 }
 } // namespace
