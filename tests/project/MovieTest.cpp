@@ -290,6 +290,33 @@ TEST_F(MovieTest, WithoutAnyPlayerAMovieOnlyNamesTheFiles)
     EXPECT_FALSE(headless.hasMovie());
 }
 
+TEST_F(MovieTest, OpeningAnotherMovieKeepsThePlayerAndAsksAboutUnsavedChangesFirst)
+{
+    project->setMoviePath(movie);
+    loaded();
+    FakePlayer *first = shop.last();
+    const QString second = dir.write(u"Second.mkv"_s, "movie");
+
+    project->setSubtitles(cues({{1, 2}}));
+    project->setHasChanged(true);
+    view.openAnswers = {second};
+    prompter.answers = {PromptAnswer{2, 0, false}}; // Cancel: no panel, nothing changes
+    project->openMovie();
+    EXPECT_EQ(view.openAnswers.size(), 1);
+    EXPECT_EQ(project->moviePath(), movie);
+
+    prompter.answers = {PromptAnswer{1, 0, false}}; // Discard Changes
+    project->openMovie();
+    EXPECT_TRUE(view.openAnswers.isEmpty());
+    EXPECT_EQ(project->moviePath(), second);
+    ASSERT_EQ(shop.made.size(), 1u); // the same kind: the same player loads the next movie
+    EXPECT_EQ(first->loads, (QStringList{movie, second}));
+    EXPECT_TRUE(project->subtitles().isEmpty());
+    EXPECT_TRUE(view.backgroundVisible); // until the next movie has loaded
+    loaded();
+    EXPECT_EQ(project->basePath(), dir.path(u"Second"_s));
+}
+
 TEST_F(MovieTest, TheArrowKeysStepFramesOnlyOutsideTextEditors)
 {
     EXPECT_TRUE(project->allowArrows());
