@@ -316,7 +316,7 @@ TEST_F(WindowTest, MenuItemsTakeTheirTitlesAndStatesFromTheProject)
     EXPECT_EQ(window->playButton()->text(), u"Play"_s);
 }
 
-TEST_F(WindowTest, ArrowKeysStepFramesExceptInTextFields)
+TEST_F(WindowTest, ArrowKeysAndSpaceWorkTheMovieExceptInTextFields)
 {
     openMovieWithSubtitles();
     window->cueTable()->setFocus();
@@ -337,10 +337,20 @@ TEST_F(WindowTest, ArrowKeysStepFramesExceptInTextFields)
     QTest::keyClick(window->searchField(), Qt::Key_Right);
     EXPECT_DOUBLE_EQ(player()->time, inField);
 
+    // Space types in a text field and plays everywhere else.
+    QTest::keyClick(window->searchField(), Qt::Key_Space);
+    EXPECT_EQ(window->searchField()->text(), u" "_s);
+    EXPECT_FALSE(player()->playing);
+    window->searchField()->clear();
+
     window->cueTable()->setFocus();
     QCoreApplication::processEvents();
     EXPECT_TRUE(window->project()->allowArrows());
     EXPECT_EQ(window->action(u"stepForward:"_s)->shortcut(), QKeySequence(Qt::Key_Right));
+    QTest::keyClick(window->cueTable(), Qt::Key_Space);
+    EXPECT_TRUE(player()->playing);
+    QTest::keyClick(window->cueTable(), Qt::Key_Right); // a step pauses first
+    EXPECT_FALSE(player()->playing);
 }
 
 TEST_F(WindowTest, ClosingWithUnsavedChangesAsksFirst)
