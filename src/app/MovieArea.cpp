@@ -16,8 +16,6 @@ MovieArea::MovieArea(QWidget *parent)
     setPalette(dark);
     m_background->setAlignment(Qt::AlignCenter);
     m_background->setWordWrap(true);
-    m_background->setText(u"Drop a movie here, or open one with File › Open Movie…\n\n"
-                          "Subtitle files beside the movie are found by its name."_s);
     setMinimumSize(320, 180);
 }
 
@@ -45,6 +43,16 @@ void MovieArea::setPlayerViewVisible(bool visible)
 void MovieArea::setBackgroundVisible(bool visible)
 {
     m_background->setVisible(visible);
+}
+
+void MovieArea::setMessage(const QString &message)
+{
+    m_background->setText(message);
+}
+
+QString MovieArea::message() const
+{
+    return m_background->text();
 }
 
 bool MovieArea::isBackgroundShown() const

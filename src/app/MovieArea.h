@@ -18,6 +18,9 @@ public:
     void setPlayerViewVisible(bool visible);
     bool isPlayerViewShown() const { return m_playerVisible; }
     void setBackgroundVisible(bool visible);
+    // The text over the background picture.
+    void setMessage(const QString &message);
+    QString message() const;
     bool isBackgroundShown() const;
     void setAspectRatio(double ratio);
     double aspectRatio() const { return m_aspectRatio; }

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -57,6 +58,8 @@ ProjectWindow::ProjectWindow(QWidget *parent)
 
 ProjectWindow::~ProjectWindow()
 {
+    // Hiding commits an open table editor while the project is still there to take it.
+    hide();
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
     m_projectKeys.reset();
@@ -83,6 +86,10 @@ void ProjectWindow::setPlayers(PlaybackControlFactory factory, PlayerViewOf view
 void ProjectWindow::start()
 {
     m_project->windowDidLoad();
+    {
+        const QSignalBlocker blocker(m_caseSensitiveButton);
+        m_caseSensitiveButton->setChecked(m_project->searchCaseSensitive());
+    }
     refreshEditorFields();
     refreshStates();
 }
@@ -176,6 +183,15 @@ QWidget *ProjectWindow::buildEditorSide()
             m_project->setSearchString(text);
     });
     top->addWidget(m_searchField, 1);
+    auto *caseSensitive = new QToolButton(side);
+    caseSensitive->setText(u"Aa"_s);
+    caseSensitive->setToolTip(u"Case-sensitive search"_s);
+    caseSensitive->setCheckable(true);
+    caseSensitive->setChecked(m_project->searchCaseSensitive());
+    connect(caseSensitive, &QToolButton::toggled, this,
+            [this](bool on) { m_project->setSearchCaseSensitive(on); });
+    m_caseSensitiveButton = caseSensitive;
+    top->addWidget(caseSensitive);
     layout->addLayout(top);
 
     auto *replace = new QHBoxLayout;
@@ -310,6 +326,12 @@ void ProjectWindow::refreshStates()
     m_fixButton->setFixMode(m_project->fixMode());
     m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == 4);
     m_fixButton->setTimeShift(m_project->timeShift());
+    if (m_project->moviePath().isEmpty())
+        m_movieArea->setMessage(u"Drop a movie here, or open one with File › Open Movie…\n\n"
+                                "Subtitle files beside the movie are found by its name."_s);
+    else if (!m_movieArea->playerView())
+        m_movieArea->setMessage(u"“%1” cannot be played here, but the subtitles beside it can be "
+                                "edited."_s.arg(QFileInfo(m_project->moviePath()).fileName()));
     const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
     m_rangeLabel->setText(range.startText.isEmpty() && range.endText.isEmpty()
                               ? QString()

@@ -176,4 +176,5 @@ private:
     QLineEdit *m_replaceField = nullptr;
     CTFixButton *m_fixButton = nullptr;
     QLabel *m_rangeLabel = nullptr;
+    QToolButton *m_caseSensitiveButton = nullptr;
 };

@@ -171,6 +171,7 @@ TEST_F(WindowTest, AMovieNeitherPlayerOpensLeavesTheBackgroundAndNoAudioTrack)
     EXPECT_EQ(window->project()->movieController(), nullptr);
     EXPECT_EQ(window->movieArea()->playerView(), nullptr);
     EXPECT_TRUE(window->movieArea()->isBackgroundShown());
+    EXPECT_TRUE(window->movieArea()->message().startsWith(u"Drop a movie here"_s));
     ASSERT_EQ(window->audioMenu()->actions().size(), 1);
     EXPECT_EQ(window->audioMenu()->actions()[0]->text(), u"No Audio Track"_s);
     EXPECT_FALSE(window->audioMenu()->actions()[0]->isEnabled());
@@ -308,6 +309,14 @@ TEST_F(WindowTest, MenuItemsTakeTheirTitlesAndStatesFromTheProject)
     window->project()->setSelectionIndices({});
     window->runCommand(u"deleteSubtitle:"_s);
     EXPECT_EQ(window->project()->subtitles().size(), 3);
+
+    // A new line starts with its text being edited in the table.
+    window->project()->setSelectionIndices({2});
+    window->runCommand(u"addSubtitle:"_s);
+    ASSERT_EQ(window->cueModel()->rowCount(), 4);
+    EXPECT_NE(window->cueTable()->indexWidget(window->cueTable()->currentIndex()), nullptr); // its editor
+    EXPECT_EQ(window->cueTable()->currentIndex().column(), int(CueTableModel::TextColumn));
+    EXPECT_EQ(window->project()->selectionIndices().size(), 1);
 
     window->runCommand(u"playPause:"_s);
     EXPECT_EQ(window->playButton()->text(), u"Pause"_s);
