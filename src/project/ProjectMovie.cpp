@@ -220,6 +220,9 @@ void CTWindowController::fillAudioMenu()
 
 void CTWindowController::setActiveTrack(int index)
 {
+    // Only real tracks can be chosen ("No Audio Track" has no tag).
+    if (index < 0 || index >= m_audioItems.size() || m_audioItems[index].tag < 0)
+        return;
     for (qsizetype i = 0; i < m_audioItems.size(); ++i)
         m_audioItems[i].checked = i == index;
     showAudioMenu();

@@ -169,6 +169,7 @@ TEST_F(MovieTest, TheRememberedAudioTrackIsChosenWhenTheMovieHasIt)
     for (const Case &c : cases) {
         SCOPED_TRACE(c.stored.toString().toStdString());
         project->setMoviePath(QString());
+        Settings::shared().remove(u"AudioTrack"_s);
         if (c.stored.isValid())
             Settings::shared().setValue(u"AudioTrack"_s, c.stored);
         shop.audio = c.items;
@@ -185,10 +186,11 @@ TEST_F(MovieTest, TheRememberedAudioTrackIsChosenWhenTheMovieHasIt)
         EXPECT_EQ(view.audioItems[1].checked, c.ticked == 1);
         EXPECT_EQ(shop.last()->audioTracks, QList<int>{c.ticked});
     }
+    // Without tracks nothing can be chosen, and the remembered track stays for the next movie.
     project->setActiveTrack(0);
-    EXPECT_EQ(Settings::shared().value(u"AudioTrack"_s).toInt(), 0);
-    EXPECT_TRUE(view.audioItems[0].checked);
-    EXPECT_FALSE(view.audioItems[1].checked);
+    EXPECT_FALSE(view.audioItems[0].checked);
+    EXPECT_EQ(Settings::shared().value(u"AudioTrack"_s).toInt(), 1);
+    EXPECT_TRUE(shop.last()->audioTracks.isEmpty());
 }
 
 TEST_F(MovieTest, ExtractionRunsOnlyForTheFirstPlayerAndTheSearchOpensWithoutCues)
