@@ -74,7 +74,7 @@ void ProjectWindow::buildMenus()
     addCommand(file, u"Quit"_s, u"terminate:"_s, QKeySequence::Quit);
 
     QMenu *edit = menuBar()->addMenu(u"&Edit"_s);
-    addCommand(edit, u"Add Subtitle Line"_s, u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_N));
+    addCommand(edit, u"Add Subtitle Line"_s, u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_I));
     addCommand(edit, u"Delete Subtitle Line"_s, u"deleteSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Backspace));
     edit->addSeparator();
     addCommand(edit, u"Find"_s, u"performFindPanelAction:"_s, QKeySequence::Find);

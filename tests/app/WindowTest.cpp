@@ -325,6 +325,20 @@ TEST_F(WindowTest, MenuItemsTakeTheirTitlesAndStatesFromTheProject)
     EXPECT_EQ(window->playButton()->text(), u"Play"_s);
 }
 
+TEST_F(WindowTest, NoTwoMenuItemsShareAKey)
+{
+    QHash<QString, QString> owner;
+    for (QAction *item : window->findChildren<QAction *>()) {
+        const QString key = item->shortcut().toString();
+        if (key.isEmpty())
+            continue;
+        EXPECT_FALSE(owner.contains(key)) << key.toStdString() << ": " << item->text().toStdString() << " and "
+                                          << owner.value(key).toStdString();
+        owner.insert(key, item->text());
+    }
+    EXPECT_TRUE(owner.contains(QKeySequence(QKeySequence::Save).toString()));
+}
+
 TEST_F(WindowTest, ArrowKeysAndSpaceWorkTheMovieExceptInTextFields)
 {
     openMovieWithSubtitles();
