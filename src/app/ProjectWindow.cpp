@@ -133,10 +133,18 @@ QWidget *ProjectWindow::buildMovieSide()
     m_scrubber->setMinimumWidth(120);
     connect(m_scrubber, &QSlider::sliderPressed, this, [this] { m_scrubbing = true; });
     connect(m_scrubber, &QSlider::sliderReleased, this, [this] { m_scrubbing = false; });
-    connect(m_scrubber, &QSlider::valueChanged, this, [this](int value) {
-        if (m_scrubbing)
-            if (PlaybackControl *player = m_project->movieController())
-                player->setCurrentTime(value / 1000.0);
+    // Dragging or clicking the track seeks, within the limits the fix range sets.
+    connect(m_scrubber, &QSlider::actionTriggered, this, [this](int sliderAction) {
+        PlaybackControl *player = m_project->movieController();
+        if (sliderAction == QAbstractSlider::SliderNoAction || !player)
+            return;
+        double t = m_scrubber->sliderPosition() / 1000.0;
+        const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
+        if (range.scrubberMinimum)
+            t = std::max(t, *range.scrubberMinimum);
+        if (range.scrubberMaximum)
+            t = std::min(t, *range.scrubberMaximum);
+        player->setCurrentTime(t);
     });
     bar->addWidget(m_scrubber, 1);
     m_timeLabel = new QLabel(VHTimeValueTransformer::stringForTime(0), side);
@@ -486,7 +494,6 @@ void ProjectWindow::beginEditingText(qsizetype row)
 void ProjectWindow::attachMovieController(PlaybackControl *controller)
 {
     m_movieArea->setPlayerView(m_viewOf ? m_viewOf(controller) : nullptr);
-    controller->setShowSubtitle(true);
 }
 
 void ProjectWindow::detachMovieController(PlaybackControl *controller)

@@ -21,6 +21,7 @@
 #include <QTimer>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSlider>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -157,6 +158,10 @@ TEST_F(WindowTest, ALoadedMovieShowsItsPictureAndTheFilesBesideIt)
     EXPECT_TRUE(window->audioMenu()->actions()[1]->isChecked());
     EXPECT_EQ(Settings::shared().value(u"AudioTrack"_s).toInt(), 1);
     EXPECT_EQ(window->scrubber()->maximum(), 60000);
+    window->scrubber()->setSliderPosition(12500);
+    window->scrubber()->triggerAction(QAbstractSlider::SliderMove);
+    EXPECT_DOUBLE_EQ(players.last()->time, 12.5);
+    EXPECT_EQ(window->project()->currentTime(), 12.5);
     EXPECT_EQ(window->frameSteps().size(), 4);
 }
 
