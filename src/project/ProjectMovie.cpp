@@ -55,8 +55,8 @@ void CTWindowController::setMoviePath(const QString &path)
 
     if (!path.isEmpty() && QFileInfo(path).isFile() && canGetAccessToFolder(path)) {
         if (!m_controllerFactory && !m_player) {
-            // Headless, without any player: the movie only names the project's files.
-            m_movieKind = 1;
+            // Headless, without any player: the movie only names the project's files. Nothing
+            // has read it, so it counts as neither player's (no embedding, no extraction).
             movieDidLoad();
             return;
         }

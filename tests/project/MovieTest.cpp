@@ -290,6 +290,9 @@ TEST_F(MovieTest, WithoutAnyPlayerAMovieOnlyNamesTheFiles)
     EXPECT_EQ(headless.basePath(), dir.path(u"Film"_s));
     EXPECT_EQ(headless.subtitlePath(), dir.path(u"Film.de.srt"_s));
     EXPECT_FALSE(headless.hasMovie());
+    EXPECT_EQ(headless.movieKind(), 0);
+    for (const LanguagePtr &language : headless.languages())
+        EXPECT_NE(language->action(), u"embedSubtitle:"_s);
 }
 
 TEST_F(MovieTest, OpeningAnotherMovieKeepsThePlayerAndAsksAboutUnsavedChangesFirst)
