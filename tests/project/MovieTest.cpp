@@ -90,6 +90,8 @@ TEST_F(MovieTest, AMovieTheFirstPlayerRejectsIsRetriedWithTheFallbackPlayer)
         // Only the libavformat side can embed or extract.
         fallback->systemItem = false;
         EXPECT_FALSE(project->canEmbed());
+        for (const LanguagePtr &language : project->languages())
+            EXPECT_NE(language->action(), u"embedSubtitle:"_s);
         EXPECT_TRUE(log.lines().filter(u"could not be opened"_s).isEmpty());
     }
 }
@@ -153,6 +155,7 @@ TEST_F(MovieTest, ALoadedMovieGivesItsFrameRateLengthAndShape)
         EXPECT_FALSE(view.backgroundVisible);
         EXPECT_EQ(project->fixMode(), 1);
         EXPECT_EQ(Settings::shared().stringValue(u"LastVideo"_s), movie);
+        EXPECT_EQ(project->languages().last()->action(), u"embedSubtitle:"_s);
     }
 }
 
