@@ -63,6 +63,9 @@ ProjectWindow::~ProjectWindow()
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
     m_projectKeys.reset();
+    // The table lets go of the rows before the project that holds them goes.
+    m_syncingSelection = true;
+    m_table->setModel(nullptr);
     // Players stop reporting before the project goes; the project before the players.
     for (const auto &controller : m_controllers)
         controller->setDelegate(nullptr);
