@@ -399,6 +399,22 @@ TEST_F(WindowTest, ClosingWithUnsavedChangesAsksFirst)
     EXPECT_TRUE(window->project()->moviePath().isEmpty());
 }
 
+TEST_F(WindowTest, QuittingAsksOnceAndKeepsTheMovieForTheNextStart)
+{
+    openMovieWithSubtitles();
+    window->project()->setHasChanged(true);
+    prompter.answers = {PromptAnswer{2, 0, false}}; // Cancel
+    window->runCommand(u"terminate:"_s);
+    EXPECT_TRUE(window->isVisible());
+
+    prompter.prompts.clear();
+    prompter.answers = {PromptAnswer{1, 0, false}}; // Discard Changes
+    window->runCommand(u"terminate:"_s);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(Settings::shared().stringValue(u"LastVideo"_s), movie);
+}
+
 TEST_F(WindowTest, DroppedAndCommandLineFilesOpenAfterTheCurrentEvent)
 {
     const QString srt = dir.write(u"Other.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nDropped\n\n");
