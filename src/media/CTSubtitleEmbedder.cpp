@@ -258,7 +258,11 @@ void CTSubtitleEmbedder::startEmebdding()
     QString error;
     run->input = LibAv::openInput(m_moviePath, &error);
     if (!run->input) {
-        logLine(u"error creating asset reader. exiting: %1"_s.arg(error));
+        const QString line = u"error creating asset reader. exiting: %1"_s.arg(error);
+        logLine(line);
+        // The task ends visibly rather than waiting forever in the progress display.
+        m_status->setErrorMessage(line);
+        m_status->setProgress(ProgressStatus::Failed);
         return endSetUp();
     }
     AVFormatContext *in = run->input.get();
@@ -266,7 +270,10 @@ void CTSubtitleEmbedder::startEmebdding()
     const QByteArray outputName = QFile::encodeName(m_outputMoviePath);
     int result = avformat_alloc_output_context2(&outContext, nullptr, "ipod", outputName.constData());
     if (result < 0 || !outContext) {
-        logLine(u"error creating asset writer. exiting: %1"_s.arg(LibAv::errorText(result)));
+        const QString line = u"error creating asset writer. exiting: %1"_s.arg(LibAv::errorText(result));
+        logLine(line);
+        m_status->setErrorMessage(line);
+        m_status->setProgress(ProgressStatus::Failed);
         return endSetUp();
     }
     run->output.reset(outContext);
@@ -554,6 +561,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         }
     };
 
+    std::vector<int64_t> packetsRead(in->nb_streams, 0);
     while (!m_cancelled && !writeError) {
         int result = av_read_frame(in, packet.get());
         if (result == AVERROR_EOF)
@@ -568,6 +576,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             av_packet_unref(packet.get());
             continue;
         }
+        ++packetsRead[size_t(index)];
         const AVStream *inStream = in->streams[index];
         const int64_t time = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
         if (time != AV_NOPTS_VALUE) {
@@ -602,6 +611,18 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         result = av_interleaved_write_frame(out, packet.get());
         if (result < 0)
             writeError = result;
+    }
+    // A QuickTime-family movie indexes every sample up front: fewer samples than indexed
+    // means its media data was cut short, and the copy would be a truncated movie.
+    if (!m_cancelled && !writeError && !readError && std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
+        for (unsigned i = 0; i < in->nb_streams; ++i) {
+            if (run->streamMap[i] >= 0 && packetsRead[i] < avformat_index_get_entries_count(in->streams[i])) {
+                readError = AVERROR_INVALIDDATA;
+                logLine(u"the reader failed: %1"_s.arg(u"Movie-Track: %1 ends after %2 of its %3 samples"_s.arg(
+                    LibAv::trackIDOf(in->streams[i])).arg(packetsRead[i]).arg(avformat_index_get_entries_count(in->streams[i]))));
+                break;
+            }
+        }
     }
     if (!m_cancelled && !writeError && !readError) {
         writeTextUntil(std::numeric_limits<double>::infinity());

@@ -39,6 +39,7 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
         bool isSubtitle;
     };
     QList<Plan> plans;
+    m_queuedPaths.clear();
     const QString base = CTFileHelper::stringByDeletingPathExtension(m_moviePath);
     if (m_pending == 0 && m_asset) {
         if (subtitles) {
@@ -102,6 +103,7 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
 void CTSubtitleExtractor::queue(int trackID, const QString &path, bool isSubtitle)
 {
     ++m_pending;
+    m_queuedPaths.append(path);
     const QString moviePath = m_moviePath;
     std::weak_ptr<CTSubtitleExtractor> weak = weak_from_this();
     m_pool.start([this, weak, moviePath, trackID, path, isSubtitle] {
@@ -141,13 +143,20 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
         }
         const bool plainText = index >= 0 && (in->streams[index]->codecpar->codec_id == AV_CODEC_ID_SUBRIP
                                               || in->streams[index]->codecpar->codec_id == AV_CODEC_ID_TEXT);
+        // Reading the chapter list at opening leaves the chapter track past its first
+        // sample; start it over.
+        if (index >= 0 && LibAv::kindOf(in->streams[index]) == MovieTrack::Kind::Text)
+            av_seek_frame(in, index, 0, AVSEEK_FLAG_BACKWARD);
         AVPacket *packet = av_packet_alloc();
         while (index >= 0 && packet && av_read_frame(in, packet) >= 0) {
             if (packet->stream_index == index) {
                 const AVRational timeBase = in->streams[index]->time_base;
                 const int64_t time = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
-                const double start = time == AV_NOPTS_VALUE ? 0.0 : double(time) * av_q2d(timeBase);
-                const double duration = double(packet->duration) * av_q2d(timeBase);
+                // Divided rather than multiplied by the inverse, so that 2340/600 gives 3.9.
+                const int64_t startUnits = time == AV_NOPTS_VALUE ? 0 : time;
+                const double start = double(startUnits) * timeBase.num / timeBase.den;
+                const double end = double(startUnits + packet->duration) * timeBase.num / timeBase.den;
+                const double duration = end - start;
                 const QByteArray data(reinterpret_cast<const char *>(packet->data), packet->size);
                 std::optional<QString> text;
                 if (plainText)
@@ -157,9 +166,9 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
                 const bool keep = (text && !text->isEmpty()) || (!isSubtitle && text && duration > 0);
                 if (keep) {
                     if (isSubtitle)
-                        cues.append(VHSubtitle::create(*text, start, start + duration));
+                        cues.append(VHSubtitle::create(*text, start, end));
                     else
-                        cues.append(VHVideoText::create(*text, start, start + duration));
+                        cues.append(VHVideoText::create(*text, start, end));
                 }
             }
             av_packet_unref(packet);

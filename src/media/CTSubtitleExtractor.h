@@ -5,6 +5,7 @@
 #include "VHSubtitle.h"
 
 #include <QString>
+#include <QStringList>
 #include <QThreadPool>
 
 #include <atomic>
@@ -41,6 +42,8 @@ public:
     // Plans and queues the extractions. An existing file is asked about ("Overwrite",
     // "Keep Both", "Skip"), or silently kept with `onlyMissing`.
     void extractSubtitles(bool subtitles, bool chapterMarks, bool onlyMissing);
+    // The files the last planning queued, in order.
+    const QStringList &queuedPaths() const { return m_queuedPaths; }
     // Jobs queued or running.
     int pendingOperations() const { return m_pending; }
     // Blocks until every job has ended (the delegate is still told through the main queue).
@@ -71,4 +74,5 @@ private:
     CTSubtitleExtractorDelegate *m_delegate = nullptr;
     QThreadPool m_pool;
     std::atomic<int> m_pending{0};
+    QStringList m_queuedPaths;
 };
