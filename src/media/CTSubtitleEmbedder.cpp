@@ -19,6 +19,7 @@ extern "C" {
 #include <QFileInfo>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
@@ -63,6 +64,48 @@ using Packet = std::unique_ptr<AVPacket, PacketFreer>;
 bool isPlainTextSubtitle(AVCodecID codec)
 {
     return codec == AV_CODEC_ID_SUBRIP || codec == AV_CODEC_ID_TEXT;
+}
+} // namespace
+
+namespace {
+// An upper bound of the size of the index ("moov") the muxer will write, or 0 when a sample
+// count is not known in advance. QuickTime-family inputs index every sample at opening; the
+// new text tracks and the chapter track have one sample per cue plus at most one gap filler
+// each. Every sample costs at most 45 bytes of sample tables: size (4), time (8),
+// composition offset (8), sync sample (4), and, were every sample a chunk of its own, chunk
+// offset (8) and sample-to-chunk entry (12), plus 1 spare.
+int64_t indexBound(const AVFormatContext *in, const AVFormatContext *out, const std::vector<int> &streamMap,
+                   int64_t textSamples)
+{
+    if (std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") != 0)
+        return 0;
+    constexpr int64_t perSample = 45;
+    int64_t bound = 256 * 1024;
+    int64_t samples = textSamples;
+    for (unsigned i = 0; i < in->nb_streams; ++i) {
+        if (streamMap[i] < 0)
+            continue;
+        const int count = avformat_index_get_entries_count(in->streams[i]);
+        if (count <= 0)
+            return 0;
+        samples += count;
+    }
+    for (unsigned i = 0; i < out->nb_streams; ++i)
+        bound += 4096 + out->streams[i]->codecpar->extradata_size;
+    auto dictionarySize = [](const AVDictionary *dictionary) {
+        int64_t size = 0;
+        const AVDictionaryEntry *entry = nullptr;
+        while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
+            size += 64 + int64_t(std::strlen(entry->key)) + int64_t(std::strlen(entry->value));
+        return size;
+    };
+    bound += dictionarySize(out->metadata);
+    for (unsigned i = 0; i < out->nb_streams; ++i)
+        bound += dictionarySize(out->streams[i]->metadata);
+    for (unsigned i = 0; i < out->nb_chapters; ++i)
+        bound += 2 * perSample + 2 * dictionarySize(out->chapters[i]->metadata);
+    bound += perSample * samples;
+    return bound <= INT_MAX ? bound : 0;
 }
 } // namespace
 
@@ -486,8 +529,15 @@ void CTSubtitleEmbedder::startEmebdding()
     }
     ::close(fd);
     result = avio_open(&out->pb, outputName.constData(), AVIO_FLAG_WRITE);
+    // The index goes in front of the media data. When every sample count is known before
+    // writing, room for the index is reserved at the start and the index written into it at
+    // the end; otherwise the muxer writes it after the data and then moves the whole file
+    // to put it in front, which reads and writes every byte a second time.
     AVDictionary *options = nullptr;
-    av_dict_set(&options, "movflags", "+faststart", 0);
+    if (const int64_t reserve = indexReservation(*run); reserve > 0)
+        av_dict_set_int(&options, "moov_size", reserve, 0);
+    else
+        av_dict_set(&options, "movflags", "+faststart", 0);
     if (result >= 0)
         result = avformat_write_header(out, &options);
     av_dict_free(&options);
@@ -500,6 +550,14 @@ void CTSubtitleEmbedder::startEmebdding()
 
     // 10-13. The writer thread does the rest.
     m_thread = std::thread([this, run] { writerThread(run); });
+}
+
+int64_t CTSubtitleEmbedder::indexReservation(const Run &run)
+{
+    int64_t textSamples = 0;
+    for (const Run::Source &source : run.sources)
+        textSamples += 2 * int64_t(source.reader->subtitles().size()) + 2;
+    return indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
 }
 
 void CTSubtitleEmbedder::postProgress(double value)

@@ -96,6 +96,7 @@ private:
     void failToStart(const QString &error, bool outputExists);
     void writerThread(std::shared_ptr<Run> run);
     void postProgress(double value);
+    static int64_t indexReservation(const Run &run);
 
     std::shared_ptr<const MovieAsset> m_asset;
     QString m_moviePath;
