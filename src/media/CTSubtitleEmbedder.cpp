@@ -80,7 +80,7 @@ int64_t indexBound(const AVFormatContext *in, const AVFormatContext *out, const 
     if (std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") != 0)
         return 0;
     constexpr int64_t perSample = 45;
-    int64_t bound = 256 * 1024;
+    int64_t bound = 32 * 1024;
     int64_t samples = textSamples;
     for (unsigned i = 0; i < in->nb_streams; ++i) {
         if (streamMap[i] < 0)
