@@ -33,6 +33,12 @@ QString moveEmbeddedMovieIntoPlace(const QString &moviePath, const QString &outp
     return target;
 }
 
+void subtitleEmbedderStarted(CTWindowController &project, const QString &embeddedMoviePath)
+{
+    if (embeddedMoviePath == project.moviePath())
+        project.setEmbeddingState(1);
+}
+
 QString subtitleEmbedderDidFinish(CTWindowController &project, const QString &embeddedMoviePath,
                                   const QString &outputPath, bool success)
 {

@@ -10,6 +10,10 @@ class CTWindowController;
 // path when the move succeeded, else an empty string.
 QString moveEmbeddedMovieIntoPlace(const QString &moviePath, const QString &outputPath);
 
+// The project's side of an embedding's start (the embedder's subtitleEmbedderStarted):
+// an embedding of the project's own movie puts the project in embedding state 1.
+void subtitleEmbedderStarted(CTWindowController &project, const QString &embeddedMoviePath);
+
 // The project's side of an embedding's end (the embedder's delegate call): the embedding
 // state (2 after a failure; 0 after a success on the project's running embedding), the
 // renames, and, when the project is editing that movie, the notice that it is reloaded

@@ -429,8 +429,27 @@ TEST(EmbeddingFinished, ProjectState)
 {
     TempDir dir;
     CTWindowController project(nullptr, nullptr);
-    project.setEmbeddingState(1);
+    project.setMovieInfo(dir.path(u"Film.mp4"_s), 1, 25, 4);
+    subtitleEmbedderStarted(project, dir.path(u"Other.mp4"_s));
+    EXPECT_EQ(project.embeddingState(), 0);
+    subtitleEmbedderStarted(project, dir.path(u"Film.mp4"_s));
+    EXPECT_EQ(project.embeddingState(), 1);
     EXPECT_EQ(subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), false),
               QString());
     EXPECT_EQ(project.embeddingState(), 2);
+
+    // Success on the movie being edited: state 0, the renames, the notice and the reload.
+    dir.write(u"Film.mp4"_s, "source");
+    dir.write(u"Film-Output.m4v"_s, "result");
+    project.setEmbeddingState(1);
+    ScriptedPrompter prompter;
+    ScopedPrompter scoped(&prompter);
+    EXPECT_EQ(subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), true),
+              dir.path(u"Film.m4v"_s));
+    EXPECT_EQ(project.embeddingState(), 0);
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(prompter.prompts[0].message, u"Finished embedding the file you are currently editing. We need to reload "
+                                           "the file to avoid conflicts."_s);
+    EXPECT_EQ(project.moviePath(), dir.path(u"Film.m4v"_s));
+    EXPECT_EQ(dir.entries(), (QStringList{u"Film Original.mp4"_s, u"Film.m4v"_s}));
 }
