@@ -589,7 +589,9 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
     // Writes a text sample of one of the new tracks.
     auto writeText = [&](Run::Source &source) {
         std::optional<TextSample> sample = source.reader->copyNextSampleBuffer();
-        if (!sample || writeError)
+        // Without a frame rate a cue may round to no time at all; it would show for no time
+        // and the muxer refuses two samples at one time.
+        if (!sample || writeError || sample->duration <= 0)
             return;
         av_packet_unref(textPacket.get());
         if (av_new_packet(textPacket.get(), int(sample->payload.size())) < 0) {

@@ -130,7 +130,8 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
     if (path.isEmpty())
         return false;
     SubtitleList cues;
-    LibAv::Input input = LibAv::openInput(moviePath, nullptr);
+    // Text tracks need nothing beyond the header to be read packet by packet.
+    LibAv::Input input = LibAv::openInput(moviePath, nullptr, false);
     if (input) {
         AVFormatContext *in = input.get();
         int index = -1;

@@ -30,9 +30,9 @@ struct InputCloser
 };
 using Input = std::unique_ptr<AVFormatContext, InputCloser>;
 
-// Opens a movie for reading and reads its stream information; null with `error` set when
-// it cannot.
-Input openInput(const QString &path, QString *error);
+// Opens a movie for reading and, with `probeStreams`, reads a little of its data to learn
+// what the header does not say about its streams; null with `error` set when it cannot.
+Input openInput(const QString &path, QString *error, bool probeStreams = true);
 
 // The kind of a stream as the embedder and extractor treat it.
 MovieTrack::Kind kindOf(const AVStream *stream);

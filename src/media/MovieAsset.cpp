@@ -29,7 +29,7 @@ QString errorText(int code)
     return QString::fromUtf8(buffer);
 }
 
-Input openInput(const QString &path, QString *error)
+Input openInput(const QString &path, QString *error, bool probeStreams)
 {
     initialize();
     AVFormatContext *context = nullptr;
@@ -41,6 +41,8 @@ Input openInput(const QString &path, QString *error)
         return nullptr;
     }
     Input input(context);
+    if (!probeStreams)
+        return input;
     result = avformat_find_stream_info(context, nullptr);
     if (result < 0) {
         if (error)
