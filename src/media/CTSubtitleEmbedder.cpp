@@ -22,6 +22,7 @@ extern "C" {
 #include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -41,14 +42,67 @@ double secondsNow()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
+// The output file as the muxer writes it: a descriptor of our own behind a 1 MB buffer.
+// Opening it ourselves lets us create it exclusively, and keeps the truncate-and-rewrite
+// pattern out, on which ext4 flushes the whole file to disk when it is closed.
+struct OutputFile
+{
+    int fd = -1;
+
+    static int write(void *opaque, uint8_t *buffer, int size)
+    {
+        const int fd = static_cast<OutputFile *>(opaque)->fd;
+        int written = 0;
+        while (written < size) {
+            const ssize_t result = ::write(fd, buffer + written, size_t(size - written));
+            if (result < 0) {
+                if (errno == EINTR)
+                    continue;
+                return AVERROR(errno);
+            }
+            written += int(result);
+        }
+        return size;
+    }
+
+    static int64_t seek(void *opaque, int64_t offset, int whence)
+    {
+        const int fd = static_cast<OutputFile *>(opaque)->fd;
+        if (whence == AVSEEK_SIZE) {
+            struct stat info;
+            return ::fstat(fd, &info) == 0 ? int64_t(info.st_size) : AVERROR(errno);
+        }
+        const off_t result = ::lseek(fd, offset, whence & ~AVSEEK_FORCE);
+        return result < 0 ? AVERROR(errno) : int64_t(result);
+    }
+};
+
+// Flushes and frees the output's I/O context and closes its file; the first error of
+// writing, flushing or closing, or 0.
+int closeOutputFile(AVFormatContext *context, OutputFile &file)
+{
+    int error = 0;
+    if (context && context->pb) {
+        avio_flush(context->pb);
+        error = context->pb->error;
+        av_freep(&context->pb->buffer);
+        avio_context_free(&context->pb);
+    }
+    if (file.fd >= 0) {
+        if (::close(file.fd) != 0 && error == 0)
+            error = AVERROR(errno);
+        file.fd = -1;
+    }
+    return error;
+}
+
 struct OutputFreer
 {
     void operator()(AVFormatContext *context) const
     {
         if (!context)
             return;
-        if (context->pb && !(context->oformat->flags & AVFMT_NOFILE))
-            avio_closep(&context->pb);
+        // The I/O context is ours (closeOutputFile()); by now it is gone.
         avformat_free_context(context);
     }
 };
@@ -128,6 +182,9 @@ struct CTSubtitleEmbedder::Run
     };
     std::vector<Source> sources;
     QString outputPath;
+    OutputFile file;
+
+    ~Run() { closeOutputFile(output.get(), file); }
 };
 
 std::shared_ptr<CTSubtitleEmbedder> CTSubtitleEmbedder::initWithAsset(std::shared_ptr<const MovieAsset> asset,
@@ -522,13 +579,20 @@ void CTSubtitleEmbedder::startEmebdding()
 
     // 9. Start writing: the output file is created here and only here, never over an
     // existing one.
-    const int fd = ::open(outputName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (fd < 0) {
+    run->file.fd = ::open(outputName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (run->file.fd < 0) {
         const int code = errno;
         return failToStart(QString::fromLocal8Bit(std::strerror(code)), code == EEXIST);
     }
-    ::close(fd);
-    result = avio_open(&out->pb, outputName.constData(), AVIO_FLAG_WRITE);
+    constexpr int bufferSize = 1 << 20;
+    auto *buffer = static_cast<unsigned char *>(av_malloc(bufferSize));
+    out->pb = buffer ? avio_alloc_context(buffer, bufferSize, 1, &run->file, nullptr, &OutputFile::write,
+                                          &OutputFile::seek)
+                     : nullptr;
+    if (!out->pb)
+        av_free(buffer);
+    out->flags |= AVFMT_FLAG_CUSTOM_IO;
+    result = out->pb ? 0 : AVERROR(ENOMEM);
     // The index goes in front of the media data. When every sample count is known before
     // writing, room for the index is reserved at the start and the index written into it at
     // the end; otherwise the muxer writes it after the data and then moves the whole file
@@ -542,8 +606,7 @@ void CTSubtitleEmbedder::startEmebdding()
         result = avformat_write_header(out, &options);
     av_dict_free(&options);
     if (result < 0) {
-        if (out->pb)
-            avio_closep(&out->pb);
+        closeOutputFile(out, run->file);
         QFile::remove(m_outputMoviePath);
         return failToStart(LibAv::errorText(result), false);
     }
@@ -711,13 +774,9 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             failure = result;
         }
     }
-    if (out->pb) {
-        avio_flush(out->pb);
-        if (out->pb->error < 0 && !failed && !cancelled) {
-            failed = true;
-            failure = out->pb->error;
-        }
-        avio_closep(&out->pb);
+    if (const int error = closeOutputFile(out, run->file); error < 0 && !failed && !cancelled) {
+        failed = true;
+        failure = error;
     }
     const QString failureText = failed ? LibAv::errorText(failure) : QString();
     if (failed || cancelled)
