@@ -169,6 +169,9 @@ int runEmbed(const QStringList &args)
     QCommandLineParser parser;
     parser.addOption({u"exclude"_s, u"Leave out row ROWINDEX of 'tracks' (counted from 0); repeatable."_s,
                       u"ROWINDEX"_s});
+    parser.addOption({u"include"_s, u"Also embed row ROWINDEX of 'tracks', which is left out by default (a "
+                                    "second track of a language, one without a language); repeatable."_s,
+                      u"ROWINDEX"_s});
     parser.addOption({u"replace"_s, u"Afterwards keep the movie as '<name> Original.<ext>' and move the result "
                                     "to '<name>.m4v'."_s});
     if (int status = parseArguments(parser, args,
@@ -184,13 +187,15 @@ int runEmbed(const QStringList &args)
     if (!asset)
         return ExitFailure;
     std::shared_ptr<CTSubtitleEmbedder> embedder = CTSubtitleEmbedder::initWithAsset(asset, path, asset->fps());
-    const QStringList excluded = parser.values(u"exclude"_s);
-    for (const QString &text : excluded) {
-        bool ok = false;
-        const qsizetype row = text.toLongLong(&ok);
-        if (!ok || row < 0 || row >= embedder->subtitles().size())
-            return usageError(parser, u"--exclude %1 names no row of 'captora-cli tracks'."_s.arg(text));
-        embedder->subtitles()[row].integrate = false;
+    for (const QString &option : {u"include"_s, u"exclude"_s}) {
+        const QStringList rows = parser.values(option);
+        for (const QString &text : rows) {
+            bool ok = false;
+            const qsizetype row = text.toLongLong(&ok);
+            if (!ok || row < 0 || row >= embedder->subtitles().size())
+                return usageError(parser, u"--%1 %2 names no row of 'captora-cli tracks'."_s.arg(option, text));
+            embedder->subtitles()[row].integrate = option == u"include"_s;
+        }
     }
 
     // A subtitle file that cannot be read is asked about; without a terminal the run stops.

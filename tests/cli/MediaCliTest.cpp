@@ -107,4 +107,6 @@ TEST(CliMovies, FailuresExitWithOne)
 
     const ToolRun badRow = cli({u"embed"_s, u"--exclude"_s, u"7"_s, movie});
     EXPECT_EQ(badRow.status, 2);
+    const ToolRun badInclude = cli({u"embed"_s, u"--include"_s, u"x"_s, movie});
+    EXPECT_EQ(badInclude.status, 2);
 }
