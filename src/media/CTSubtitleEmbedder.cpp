@@ -347,6 +347,10 @@ void CTSubtitleEmbedder::failToStart(const QString &error, bool outputExists)
 
 void CTSubtitleEmbedder::startEmebdding()
 {
+    if (m_isWorking)
+        return;
+    if (m_thread.joinable()) // an earlier run's writer, already done
+        m_thread.join();
     if (!m_status)
         setStatus(std::make_shared<ProgressStatus>());
     m_ended = false;

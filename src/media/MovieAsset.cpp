@@ -19,7 +19,9 @@ namespace LibAv {
 void initialize()
 {
     static std::once_flag once;
-    std::call_once(once, [] { av_log_set_level(AV_LOG_ERROR); });
+    // Our own messages say what failed; the libraries' lines (CAPTORA_FFMPEG_LOG=1 brings
+    // them back) would only repeat it in their words.
+    std::call_once(once, [] { av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL); });
 }
 
 QString errorText(int code)
