@@ -182,9 +182,9 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
     EXPECT_EQ(probed[u"streams"_s].toArray()[2].toObject()[u"tags"_s].toObject()[u"handler_name"_s].toString(),
               u"SubtitleHandler"_s);
     // Our sample description and samples are in the file byte for byte.
-    const QByteArray written = bytesOf(output);
-    EXPECT_TRUE(written.contains(TimedText::tx3gSampleDescription(0)));
-    EXPECT_TRUE(written.contains(TimedText::tx3gSamplePayload(u"Hello"_s, false)));
+    const QByteArray fileBytes = bytesOf(output);
+    EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSampleDescription(0)));
+    EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSamplePayload(u"Hello"_s, false)));
     // Fast start: the index lies before the media data.
     const QStringList boxes = topLevelBoxes(output);
     ASSERT_TRUE(boxes.contains(u"moov"_s) && boxes.contains(u"mdat"_s)) << boxes.join(u' ').toStdString();
