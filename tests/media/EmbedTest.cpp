@@ -25,55 +25,94 @@ namespace {
 const QList<TestCue> kEnglish = {{0.5, 1.5, u"Hello"_s}, {2.0, 3.0, u"World"_s}};
 const QList<TestCue> kGerman = {{0.0, 1.0, u"Eins"_s}, {3.0, 3.5, u"Zwei"_s}};
 
-// Movies made once for the whole suite and copied into each test's folder.
+// Movies made on first use and copied into each test's folder (ctest runs every test in a
+// process of its own, so each makes only the movies it needs).
 class Movies
 {
 public:
-    static Movies &shared()
+    // 4 s, video and audio.
+    static const QString &plain()
     {
-        static Movies movies;
-        return movies;
+        static const QString path = make(u"plain.mp4"_s, clipInputs(4) + clipCodecs());
+        return path;
     }
-    QString plain;     // 4 s, video and audio
-    QString tracks;    // 4 s, with English, English and German mov_text tracks and two chapters
-    QString longer;    // 30 s, for cancelling mid-run
-    QString matroska;  // MKV with a SubRip track and chapters
-    QString pcm;       // MKV whose audio MP4 cannot carry
+    // 4 s, with English, English and German mov_text tracks and two chapters.
+    static const QString &tracks()
+    {
+        static const QString path = make(
+            u"tracks.mp4"_s,
+            clipInputs(4)
+                + QStringList{u"-i"_s, srt(), u"-i"_s, srt(), u"-i"_s, germanSrt(), u"-i"_s, chapters(), u"-map"_s, u"0"_s,
+                              u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-map"_s, u"3"_s, u"-map"_s, u"4"_s,
+                              u"-map_chapters"_s, u"5"_s}
+                + clipCodecs()
+                + QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s, u"-metadata:s:s:1"_s,
+                              u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s});
+        return path;
+    }
+    // 30 s, every frame a key frame: long enough to cancel mid-run.
+    static const QString &longer()
+    {
+        static const QString path = make(u"longer.mp4"_s,
+                                         QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=30:s=320x240:r=25"_s,
+                                                     u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=d=30"_s}
+                                             + clipCodecs() + QStringList{u"-g"_s, u"1"_s});
+        return path;
+    }
+    // MKV with a SubRip track and chapters.
+    static const QString &matroska()
+    {
+        static const QString path = make(
+            u"matroska.mkv"_s,
+            clipInputs(4)
+                + QStringList{u"-i"_s, srt(), u"-i"_s, chapters(), u"-map"_s, u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s,
+                              u"-map_chapters"_s, u"3"_s}
+                + clipCodecs() + QStringList{u"-c:s"_s, u"srt"_s, u"-metadata:s:s:0"_s, u"language=eng"_s});
+        return path;
+    }
+    // MKV whose audio MP4 cannot carry.
+    static const QString &pcm()
+    {
+        static const QString path =
+            make(u"pcm.mkv"_s, clipInputs(2) + QStringList{u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s,
+                                                          u"-c:a"_s, u"pcm_s16le"_s});
+        return path;
+    }
 
 private:
-    Movies()
+    static QTemporaryDir &dir()
     {
-        const QString srt = writeSubRip(m_dir.filePath(u"cues.srt"_s), kEnglish);
-        const QString de = writeSubRip(m_dir.filePath(u"de.srt"_s), kGerman);
-        const QString chapters = m_dir.filePath(u"chapters.txt"_s);
-        QFile file(chapters);
-        file.open(QIODevice::WriteOnly);
-        file.write(";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=2000\ntitle=Intro\n"
-                   "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2000\nEND=4000\ntitle=Main\n");
-        file.close();
-        plain = m_dir.filePath(u"plain.mp4"_s);
-        ffmpeg(clipInputs(4) + clipCodecs() + QStringList{plain});
-        tracks = m_dir.filePath(u"tracks.mp4"_s);
-        ffmpeg(clipInputs(4) + QStringList{u"-i"_s, srt, u"-i"_s, srt, u"-i"_s, de, u"-i"_s, chapters,
-                                           u"-map"_s, u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s,
-                                           u"-map"_s, u"3"_s, u"-map"_s, u"4"_s, u"-map_chapters"_s, u"5"_s}
-               + clipCodecs()
-               + QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s,
-                             u"-metadata:s:s:1"_s, u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s,
-                             tracks});
-        longer = m_dir.filePath(u"longer.mp4"_s);
-        ffmpeg(QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=30:s=320x240:r=25"_s, u"-f"_s, u"lavfi"_s,
-                           u"-i"_s, u"sine=d=30"_s}
-               + clipCodecs() + QStringList{u"-g"_s, u"1"_s, longer});
-        matroska = m_dir.filePath(u"matroska.mkv"_s);
-        ffmpeg(clipInputs(4) + QStringList{u"-i"_s, srt, u"-i"_s, chapters, u"-map"_s, u"0"_s, u"-map"_s, u"1"_s,
-                                           u"-map"_s, u"2"_s, u"-map_chapters"_s, u"3"_s}
-               + clipCodecs() + QStringList{u"-c:s"_s, u"srt"_s, u"-metadata:s:s:0"_s, u"language=eng"_s, matroska});
-        pcm = m_dir.filePath(u"pcm.mkv"_s);
-        ffmpeg(clipInputs(2) + QStringList{u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s, u"-c:a"_s,
-                                           u"pcm_s16le"_s, pcm});
+        static QTemporaryDir folder;
+        return folder;
     }
-    QTemporaryDir m_dir;
+    static QString make(const QString &name, const QStringList &args)
+    {
+        const QString path = dir().filePath(name);
+        ffmpeg(args + QStringList{path});
+        return path;
+    }
+    static QString srt()
+    {
+        static const QString path = writeSubRip(dir().filePath(u"cues.srt"_s), kEnglish);
+        return path;
+    }
+    static QString germanSrt()
+    {
+        static const QString path = writeSubRip(dir().filePath(u"de.srt"_s), kGerman);
+        return path;
+    }
+    static QString chapters()
+    {
+        static const QString path = [] {
+            const QString file = dir().filePath(u"chapters.txt"_s);
+            QFile out(file);
+            out.open(QIODevice::WriteOnly);
+            out.write(";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=2000\ntitle=Intro\n"
+                      "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2000\nEND=4000\ntitle=Main\n");
+            return file;
+        }();
+        return path;
+    }
 };
 
 QString copyInto(const TempDir &dir, const QString &movie, const QString &name)
@@ -141,7 +180,7 @@ QStringList topLevelBoxes(const QString &path)
 TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().plain, u"movie.mp4"_s);
+    const QString movie = copyInto(dir, Movies::plain(), u"movie.mp4"_s);
     const QByteArray source = bytesOf(movie);
     writeSubRip(dir.path(u"movie.en.srt"_s), kEnglish);
     writeSubRip(dir.path(u"movie.de.srt"_s), kGerman);
@@ -206,7 +245,7 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
 TEST(Embedder, CandidateRows)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().tracks, u"movie.mp4"_s);
+    const QString movie = copyInto(dir, Movies::tracks(), u"movie.mp4"_s);
     auto rowsText = [&] {
         QStringList out;
         const std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
@@ -232,7 +271,7 @@ TEST(Embedder, CandidateRows)
 TEST(Embedder, CarriesOverTheChosenTracksAndTheMoviesChapters)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().tracks, u"movie.mp4"_s);
+    const QString movie = copyInto(dir, Movies::tracks(), u"movie.mp4"_s);
     std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
     // The first English track stays out, the second (unchecked as a second English) goes in.
     embedder->subtitles()[0].integrate = false;
@@ -250,7 +289,7 @@ TEST(Embedder, CarriesOverTheChosenTracksAndTheMoviesChapters)
 TEST(Embedder, MatroskaIsRemuxedWithItsSubRipTrackAsTimedText)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().matroska, u"movie.mkv"_s);
+    const QString movie = copyInto(dir, Movies::matroska(), u"movie.mkv"_s);
     std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
     RecordingEmbedderDelegate delegate;
     embedder->setDelegate(&delegate);
@@ -282,7 +321,7 @@ TEST(Embedder, MatroskaIsRemuxedWithItsSubRipTrackAsTimedText)
 TEST(EmbedderFailure, ExistingOutputFileIsReportedAndKept)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().plain, u"movie.mp4"_s);
+    const QString movie = copyInto(dir, Movies::plain(), u"movie.mp4"_s);
     writeSubRip(dir.path(u"movie.en.srt"_s), kEnglish);
     dir.write(u"movie-Output.m4v"_s, "an earlier result");
     std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
@@ -295,14 +334,14 @@ TEST(EmbedderFailure, ExistingOutputFileIsReportedAndKept)
     EXPECT_EQ(embedder->status()->message(), u"Failed: movie-Output.m4v exists"_s);
     EXPECT_EQ(log.count(u"Warning: Asset writer failed to start writing: File exists"_s), 1);
     EXPECT_EQ(dir.read(u"movie-Output.m4v"_s), QByteArray("an earlier result"));
-    EXPECT_EQ(bytesOf(movie), bytesOf(Movies::shared().plain));
+    EXPECT_EQ(bytesOf(movie), bytesOf(Movies::plain()));
 }
 
 TEST(EmbedderFailure, BrokenSubtitleFileAsksToContinueOrCancel)
 {
     for (int answer : {0, 1}) {
         TempDir dir;
-        const QString movie = copyInto(dir, Movies::shared().plain, u"movie.mp4"_s);
+        const QString movie = copyInto(dir, Movies::plain(), u"movie.mp4"_s);
         writeSubRip(dir.path(u"movie.en.srt"_s), kEnglish);
         dir.write(u"movie.fr.srt"_s, "this is no subtitle file\n");
         std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
@@ -329,7 +368,7 @@ TEST(EmbedderFailure, BrokenSubtitleFileAsksToContinueOrCancel)
             EXPECT_FALSE(QFileInfo::exists(embedder->outputMoviePath()));
             EXPECT_FALSE(embedder->isWorking());
         }
-        EXPECT_EQ(bytesOf(movie), bytesOf(Movies::shared().plain));
+        EXPECT_EQ(bytesOf(movie), bytesOf(Movies::plain()));
     }
 }
 
@@ -349,7 +388,7 @@ TEST(EmbedderFailure, UnreadableAndTruncatedMovies)
 
     // Cut in the middle of its media data: the index is there, half the samples are not.
     const QString faststart = dir.path(u"cut.mp4"_s);
-    ffmpeg({u"-i"_s, Movies::shared().longer, u"-c"_s, u"copy"_s, u"-movflags"_s, u"+faststart"_s, faststart});
+    ffmpeg({u"-i"_s, Movies::longer(), u"-c"_s, u"copy"_s, u"-movflags"_s, u"+faststart"_s, faststart});
     QFile file(faststart);
     ASSERT_TRUE(file.resize(file.size() / 2));
     const QByteArray cut = bytesOf(faststart);
@@ -367,7 +406,7 @@ TEST(EmbedderFailure, UnreadableAndTruncatedMovies)
 TEST(EmbedderFailure, CodecsMP4CannotCarryAreNamed)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().pcm, u"movie.mkv"_s);
+    const QString movie = copyInto(dir, Movies::pcm(), u"movie.mkv"_s);
     std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
     RecordingEmbedderDelegate delegate;
     embedder->setDelegate(&delegate);
@@ -382,7 +421,7 @@ TEST(EmbedderFailure, CodecsMP4CannotCarryAreNamed)
 TEST(EmbedderFailure, CancelMidRunLeavesNoOutput)
 {
     TempDir dir;
-    const QString movie = copyInto(dir, Movies::shared().longer, u"movie.mp4"_s);
+    const QString movie = copyInto(dir, Movies::longer(), u"movie.mp4"_s);
     writeSubRip(dir.path(u"movie.en.srt"_s), kEnglish);
     std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
     RecordingEmbedderDelegate delegate;
@@ -402,7 +441,7 @@ TEST(EmbedderFailure, CancelMidRunLeavesNoOutput)
     EXPECT_EQ(delegate.successes + delegate.failures, 0);
     EXPECT_EQ(status->progress(), ProgressStatus::Stopped);
     EXPECT_FALSE(QFileInfo::exists(embedder->outputMoviePath()));
-    EXPECT_EQ(bytesOf(movie), bytesOf(Movies::shared().longer));
+    EXPECT_EQ(bytesOf(movie), bytesOf(Movies::longer()));
 }
 
 TEST(EmbeddingFinished, KeepsTheOriginalAndMovesTheResult)
