@@ -41,7 +41,7 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
     QList<Plan> plans;
     m_queuedPaths.clear();
     const QString base = CTFileHelper::stringByDeletingPathExtension(m_moviePath);
-    if (m_pending == 0 && m_asset) {
+    if (!m_running && m_asset) {
         if (subtitles) {
             QHash<QString, int> counters;
             for (const MovieTrack &track : m_asset->tracks()) {
@@ -96,13 +96,15 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
         }
         queue(plan.trackID, plan.path, plan.isSubtitle);
     }
-    if (m_pending == 0 && m_delegate)
+    // Nothing queued now (also a request while earlier jobs still run): finished at once.
+    if (m_queuedPaths.isEmpty() && m_delegate)
         m_delegate->subtitleExtractorFinished(this);
 }
 
 void CTSubtitleExtractor::queue(int trackID, const QString &path, bool isSubtitle)
 {
     ++m_pending;
+    m_running = true;
     m_queuedPaths.append(path);
     const QString moviePath = m_moviePath;
     std::weak_ptr<CTSubtitleExtractor> weak = weak_from_this();
@@ -119,7 +121,10 @@ void CTSubtitleExtractor::operationEnded()
     std::weak_ptr<CTSubtitleExtractor> weak = weak_from_this();
     MainQueue::main().post([weak] {
         auto self = weak.lock();
-        if (self && self->m_pending == 0 && self->m_delegate)
+        if (!self || self->m_pending != 0)
+            return;
+        self->m_running = false;
+        if (self->m_delegate)
             self->m_delegate->subtitleExtractorFinished(self.get());
     });
 }

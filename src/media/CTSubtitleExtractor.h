@@ -44,8 +44,8 @@ public:
     void extractSubtitles(bool subtitles, bool chapterMarks, bool onlyMissing);
     // The files the last planning queued, in order.
     const QStringList &queuedPaths() const { return m_queuedPaths; }
-    // Jobs queued or running.
-    int pendingOperations() const { return m_pending; }
+    // Jobs have been queued and their end has not yet been reported (main thread).
+    bool isRunning() const { return m_running; }
     // Blocks until every job has ended (the delegate is still told through the main queue).
     void waitForDone() { m_pool.waitForDone(); }
 
@@ -73,6 +73,7 @@ private:
     ProgressStatusPtr m_status;
     CTSubtitleExtractorDelegate *m_delegate = nullptr;
     QThreadPool m_pool;
-    std::atomic<int> m_pending{0};
+    std::atomic<int> m_pending{0}; // jobs queued or running
+    bool m_running = false;
     QStringList m_queuedPaths;
 };

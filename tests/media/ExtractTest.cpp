@@ -1,6 +1,7 @@
 // Extracting a movie's text tracks into files beside it: naming, existing files, and the
 // finishing call.
 #include "CTSubtitleExtractor.h"
+#include "MainQueue.h"
 #include "MovieTestSupport.h"
 #include "TestSupport.h"
 
@@ -118,6 +119,24 @@ TEST(Extractor, ExistingFilesAreAskedAboutOrKeptWithOnlyMissing)
             EXPECT_TRUE(dir.entries().contains(u"movie-1.en.srt"_s)) << dir.entries().join(u' ').toStdString();
         }
     }
+}
+
+TEST(Extractor, ASecondRequestWhileJobsRunPlansNothing)
+{
+    TempDir dir;
+    const QString movie = dir.path(u"movie.mp4"_s);
+    ASSERT_TRUE(QFile::copy(trackMovie(), movie));
+    auto extractor = CTSubtitleExtractor::initWithAsset(MovieAsset::open(movie), movie, nullptr);
+    RecordingExtractorDelegate delegate;
+    extractor->setDelegate(&delegate);
+    extractor->extractSubtitles(true, true, false);
+    ASSERT_TRUE(extractor->isRunning()); // the main queue has not run: the end is not reported yet
+    extractor->extractSubtitles(true, true, false);
+    EXPECT_EQ(delegate.finished, 1);
+    EXPECT_TRUE(extractor->queuedPaths().isEmpty());
+    extractor->waitForDone();
+    MainQueue::main().drain();
+    EXPECT_EQ(delegate.finished, 2);
 }
 
 TEST(Extractor, NothingToDoFinishesAtOnce)
