@@ -13,3 +13,6 @@ int runShift(const QStringList &args);
 int runSync(const QStringList &args);
 int runEncodings(const QStringList &args);
 int runDetectEncoding(const QStringList &args);
+int runTracks(const QStringList &args);
+int runEmbed(const QStringList &args);
+int runExtract(const QStringList &args);

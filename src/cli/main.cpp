@@ -33,6 +33,9 @@ const Command kCommands[] = {
     {"detect-encoding",
      "detect-encoding FILE\n                     Find the text encoding of a file by the language rules.",
      runDetectEncoding},
+    {"tracks", "tracks MOVIE       Print the candidate text tracks of embedding as JSON.", runTracks},
+    {"embed", "embed MOVIE        Embed subtitle and chapter files into '<name>-Output.m4v'.", runEmbed},
+    {"extract", "extract MOVIE      Write the movie's subtitle (and chapter) tracks into files.", runExtract},
 };
 
 void printUsage(FILE *to)

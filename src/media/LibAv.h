@@ -1,0 +1,47 @@
+#pragma once
+
+// Small helpers around the FFmpeg libraries, shared inside the media module.
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/avutil.h>
+}
+
+#include "MovieAsset.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace LibAv {
+
+// Quiets the libraries' own console output down to errors, once per process.
+void initialize();
+
+// The library's description of an error code.
+QString errorText(int code);
+
+struct InputCloser
+{
+    void operator()(AVFormatContext *context) const
+    {
+        avformat_close_input(&context);
+    }
+};
+using Input = std::unique_ptr<AVFormatContext, InputCloser>;
+
+// Opens a movie for reading and, with `probeStreams`, reads a little of its data to learn
+// what the header does not say about its streams; null with `error` set when it cannot.
+Input openInput(const QString &path, QString *error, bool probeStreams = true);
+
+// The kind of a stream as the embedder and extractor treat it.
+MovieTrack::Kind kindOf(const AVStream *stream);
+int trackIDOf(const AVStream *stream);
+
+// ISO 639-2 code of a locale identifier ("en" → "eng", "pt_BR" → "por"); empty when none.
+QString iso639_2ForLocale(const QString &localeIdentifier);
+
+// A locale's name in its own language ("de" → "Deutsch"); null when it names no locale.
+QString nativeDisplayName(const QString &localeIdentifier);
+
+} // namespace LibAv

@@ -1,0 +1,112 @@
+// captora-cli's movie commands: tracks, embed, extract.
+#include "TestSupport.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct ToolRun
+{
+    int status = -1;
+    QByteArray out, err;
+};
+
+ToolRun run(const QString &program, const QStringList &args)
+{
+    QProcess process;
+    process.start(program, args);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(60000))
+        ADD_FAILURE() << program.toStdString() << " did not finish";
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, process.readAllStandardOutput(),
+            process.readAllStandardError()};
+}
+
+ToolRun cli(const QStringList &args)
+{
+    return run(QStringLiteral(CAPTORA_CLI), args);
+}
+
+// A 2-second clip with an English subtitle track.
+QString makeMovie(const TempDir &dir)
+{
+    const QString srt = dir.write(u"track.srt"_s, "1\n00:00:00,500 --> 00:00:01,500\nInside\n");
+    const QString movie = dir.path(u"movie.mp4"_s);
+    const ToolRun made = run(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=2:s=160x120:r=25"_s,
+                                      u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=d=2"_s, u"-i"_s, srt, u"-map"_s, u"0"_s,
+                                      u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-c:v"_s, u"libx264"_s, u"-preset"_s,
+                                      u"ultrafast"_s, u"-c:a"_s, u"aac"_s, u"-c:s"_s, u"mov_text"_s,
+                                      u"-metadata:s:s:0"_s, u"language=eng"_s, movie});
+    EXPECT_EQ(made.status, 0) << made.err.toStdString();
+    QFile::remove(srt);
+    return movie;
+}
+} // namespace
+
+TEST(CliMovies, TracksEmbedAndExtract)
+{
+    TempDir dir;
+    const QString movie = makeMovie(dir);
+    dir.write(u"movie.de.srt"_s, "1\n00:00:00,200 --> 00:00:01,000\nDraußen\n");
+
+    const ToolRun tracks = cli({u"tracks"_s, movie});
+    ASSERT_EQ(tracks.status, 0) << tracks.err.toStdString();
+    const QJsonArray rows = QJsonDocument::fromJson(tracks.out).array();
+    ASSERT_EQ(rows.size(), 2) << tracks.out.toStdString();
+    EXPECT_EQ(rows[0][u"location"_s].toString(), u"movie.de.srt"_s);
+    EXPECT_EQ(rows[0][u"path"_s].toString(), dir.path(u"movie.de.srt"_s));
+    EXPECT_EQ(rows[1][u"source"_s].toString(), u"embedded"_s);
+    EXPECT_EQ(rows[1][u"trackID"_s].toInt(), 3);
+    EXPECT_TRUE(rows[1][u"integrate"_s].toBool());
+
+    // Without a terminal progress comes as plain percentage lines.
+    const ToolRun embedded = cli({u"embed"_s, u"--exclude"_s, u"1"_s, u"--replace"_s, movie});
+    ASSERT_EQ(embedded.status, 0) << embedded.err.toStdString();
+    EXPECT_EQ(embedded.out, dir.path(u"movie.m4v"_s).toUtf8() + '\n');
+    EXPECT_TRUE(embedded.err.contains("0%\n")) << embedded.err.toStdString();
+    EXPECT_EQ(dir.entries(), (QStringList{u"movie Original.mp4"_s, u"movie.de.srt"_s, u"movie.m4v"_s}));
+
+    QFile::remove(dir.path(u"movie.de.srt"_s));
+    const ToolRun extracted = cli({u"extract"_s, dir.path(u"movie.m4v"_s)});
+    ASSERT_EQ(extracted.status, 0) << extracted.err.toStdString();
+    EXPECT_EQ(extracted.out, dir.path(u"movie.de.srt"_s).toUtf8() + '\n');
+    EXPECT_TRUE(dir.read(u"movie.de.srt"_s).contains("Draußen"));
+
+    // An existing file is not overwritten without an answer; --only-missing keeps it quietly.
+    const ToolRun asked = cli({u"extract"_s, dir.path(u"movie.m4v"_s)});
+    EXPECT_EQ(asked.status, 0);
+    EXPECT_TRUE(asked.err.contains("A subtitle with the name 'movie.de.srt' already exists")) << asked.err.toStdString();
+    EXPECT_TRUE(asked.err.contains("--only-missing"));
+    const ToolRun quiet = cli({u"extract"_s, u"--only-missing"_s, dir.path(u"movie.m4v"_s)});
+    EXPECT_EQ(quiet.status, 0);
+    EXPECT_TRUE(quiet.err.isEmpty()) << quiet.err.toStdString();
+}
+
+TEST(CliMovies, FailuresExitWithOne)
+{
+    TempDir dir;
+    const QString movie = makeMovie(dir);
+    const QString notMovie = dir.write(u"notes.mp4"_s, "plain text\n");
+    const ToolRun unreadable = cli({u"embed"_s, notMovie});
+    EXPECT_EQ(unreadable.status, 1);
+    EXPECT_TRUE(unreadable.err.contains("Error: Could not read the movie")) << unreadable.err.toStdString();
+
+    dir.write(u"movie-Output.m4v"_s, "keep");
+    const ToolRun exists = cli({u"embed"_s, movie});
+    EXPECT_EQ(exists.status, 1);
+    EXPECT_TRUE(exists.err.contains("Error: Failed: movie-Output.m4v exists")) << exists.err.toStdString();
+    EXPECT_EQ(dir.read(u"movie-Output.m4v"_s), QByteArray("keep"));
+
+    const ToolRun badRow = cli({u"embed"_s, u"--exclude"_s, u"7"_s, movie});
+    EXPECT_EQ(badRow.status, 2);
+    const ToolRun badInclude = cli({u"embed"_s, u"--include"_s, u"x"_s, movie});
+    EXPECT_EQ(badInclude.status, 2);
+}
