@@ -1,0 +1,564 @@
+// The libmpv player: loading, readiness, precise seeking, the playing flag, tracks.
+#include "VHMovieController.h"
+
+#include "LocaleNames.h"
+#include "Log.h"
+#include "MpvGLSurface.h"
+#include "Prompter.h"
+#include "VHSubtitleView.h"
+#include "VideoSurface.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QOpenGLContext>
+
+#include <mpv/client.h>
+#include <mpv/render.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+void VHMovieController::MpvDeleter::operator()(mpv_handle *mpv) const
+{
+    mpv_set_wakeup_callback(mpv, nullptr, nullptr);
+    mpv_terminate_destroy(mpv);
+}
+
+void VHMovieController::RenderDeleter::operator()(mpv_render_context *context) const
+{
+    mpv_render_context_set_update_callback(context, nullptr, nullptr);
+    mpv_render_context_free(context);
+}
+
+namespace {
+
+// The value of `key` in an mpv map node, or null.
+const mpv_node *mapValue(const mpv_node &map, const char *key)
+{
+    if (map.format != MPV_FORMAT_NODE_MAP)
+        return nullptr;
+    for (int i = 0; i < map.u.list->num; ++i) {
+        if (qstrcmp(map.u.list->keys[i], key) == 0)
+            return &map.u.list->values[i];
+    }
+    return nullptr;
+}
+
+QString nodeString(const mpv_node &map, const char *key)
+{
+    const mpv_node *value = mapValue(map, key);
+    return value && value->format == MPV_FORMAT_STRING ? QString::fromUtf8(value->u.string) : QString();
+}
+
+double nodeNumber(const mpv_node &map, const char *key)
+{
+    const mpv_node *value = mapValue(map, key);
+    if (!value)
+        return 0;
+    if (value->format == MPV_FORMAT_DOUBLE)
+        return value->u.double_;
+    if (value->format == MPV_FORMAT_INT64)
+        return double(value->u.int64);
+    return 0;
+}
+
+bool nodeFlag(const mpv_node &map, const char *key)
+{
+    const mpv_node *value = mapValue(map, key);
+    return value && value->format == MPV_FORMAT_FLAG && value->u.flag;
+}
+
+// The menu's name of a track's language: its display name in the interface language.
+QString languageName(const QString &lang)
+{
+    if (lang.isEmpty())
+        return {};
+    QString name = LocaleNames::displayName(lang);
+    if (name.isEmpty()) {
+        // Three-letter codes ("eng") become the two-letter ones ICU names.
+        const QLocale::Language language = QLocale::codeToLanguage(lang);
+        if (language != QLocale::AnyLanguage)
+            name = LocaleNames::displayName(QLocale::languageToCode(language, QLocale::ISO639Part1));
+    }
+    return name.isEmpty() ? lang : name;
+}
+
+} // namespace
+
+VHMovieController::VHMovieController(QObject *parent)
+    : VHMovieController(Backend::Mpv, parent)
+{
+}
+
+VHMovieController::VHMovieController(Backend backend, QObject *parent)
+    : QObject(parent)
+{
+    QWidget *surface = nullptr;
+    if (backend == Backend::Mpv && createPlayer() && openGLAvailable()) {
+        m_glSurface = new MpvGLSurface(m_mpv.get());
+        connect(m_glSurface, &MpvGLSurface::renderContextReady, this, [this] {
+            if (m_loadPending)
+                issueLoad();
+        });
+        surface = m_glSurface;
+    } else {
+        m_imageSurface = new ImageVideoSurface;
+        surface = m_imageSurface;
+        if (m_mpv) {
+            mpv_render_param params[] = {
+                {MPV_RENDER_PARAM_API_TYPE, const_cast<char *>(MPV_RENDER_API_TYPE_SW)},
+                {MPV_RENDER_PARAM_INVALID, nullptr},
+            };
+            mpv_render_context *context = nullptr;
+            if (mpv_render_context_create(&context, m_mpv.get(), params) >= 0) {
+                m_softwareRender.reset(context);
+                mpv_render_context_set_update_callback(context, &VHMovieController::softwareRenderUpdate, this);
+            } else {
+                logLine(u"Error: The video renderer could not be started"_s);
+            }
+        }
+    }
+    buildView(surface);
+    if (m_imageSurface)
+        m_imageSurface->installEventFilter(this);
+}
+
+VHMovieController::~VHMovieController()
+{
+    m_scruberTimer.stop();
+    watchWindow(false);
+    // The view holds the OpenGL render context, which must go before the player.
+    delete m_placeholder;
+    delete m_view;
+    m_softwareRender.reset();
+    m_mpv.reset();
+}
+
+bool VHMovieController::openGLAvailable()
+{
+    static const bool available = [] {
+        if (QGuiApplication::platformName() == u"offscreen"_s || qEnvironmentVariableIsSet("CAPTORA_SOFTWARE_VIDEO"))
+            return false;
+        QOpenGLContext probe;
+        return probe.create();
+    }();
+    return available;
+}
+
+void VHMovieController::wakeup(void *controller)
+{
+    // Called on one of mpv's threads: only post to the GUI thread, once per batch.
+    auto *self = static_cast<VHMovieController *>(controller);
+    if (!self->m_drainPosted.exchange(true))
+        QMetaObject::invokeMethod(self, "drainMpvEvents", Qt::QueuedConnection);
+}
+
+void VHMovieController::softwareRenderUpdate(void *controller)
+{
+    QMetaObject::invokeMethod(static_cast<VHMovieController *>(controller), "renderSoftwareFrame",
+                              Qt::QueuedConnection);
+}
+
+bool VHMovieController::createPlayer()
+{
+    mpv_handle *mpv = mpv_create();
+    if (!mpv) {
+        logLine(u"Error: The movie player could not be started (LC_NUMERIC must be \"C\")"_s);
+        return false;
+    }
+    m_mpv.reset(mpv);
+    // The movie's own subtitles never show and no subtitle file beside it is loaded:
+    // Captora draws the cues. A movie opens paused and stays open at its end.
+    const std::pair<const char *, const char *> options[] = {
+        {"vo", "libmpv"},       {"sid", "no"},       {"sub-auto", "no"},    {"hr-seek", "yes"},
+        {"keep-open", "yes"},   {"pause", "yes"},    {"idle", "yes"},       {"audio-display", "no"},
+        {"ytdl", "no"},         {"input-default-bindings", "no"},           {"osd-level", "0"},
+    };
+    for (const auto &[name, value] : options)
+        mpv_set_option_string(mpv, name, value);
+    if (mpv_initialize(mpv) < 0) {
+        logLine(u"Error: The movie player could not be started"_s);
+        m_mpv.reset();
+        return false;
+    }
+    mpv_observe_property(mpv, 0, "time-pos", MPV_FORMAT_DOUBLE);
+    mpv_observe_property(mpv, 0, "duration", MPV_FORMAT_DOUBLE);
+    mpv_observe_property(mpv, 0, "pause", MPV_FORMAT_FLAG);
+    mpv_observe_property(mpv, 0, "eof-reached", MPV_FORMAT_FLAG);
+    mpv_observe_property(mpv, 0, "track-list", MPV_FORMAT_NODE);
+    mpv_observe_property(mpv, 0, "container-fps", MPV_FORMAT_DOUBLE);
+    mpv_observe_property(mpv, 0, "estimated-vf-fps", MPV_FORMAT_DOUBLE);
+    mpv_set_wakeup_callback(mpv, &VHMovieController::wakeup, this);
+    return true;
+}
+
+bool VHMovieController::loadMovieURL(const QString &path)
+{
+    if (!m_mpv)
+        return false;
+    setMovie(path);
+    return hasMovie();
+}
+
+void VHMovieController::setMovie(const QString &path)
+{
+    if (!m_movie.isEmpty() && m_waitingForReady)
+        m_waitingForReady = false;
+    setPaused(true);
+    m_movie = m_mpv ? path : QString();
+    m_wasPlaying = false;
+    m_loadPending = false;
+    if (!m_movie.isEmpty()) {
+        m_fps = 0;
+        m_duration = 0;
+        m_tracks.clear();
+        m_playerTime = NAN;
+        m_targetTime = 0;
+        m_waitingForReady = true;
+        // On a real display the video needs the render context, made on first show.
+        if (m_glSurface && !m_glSurface->hasRenderContext())
+            m_loadPending = true;
+        else
+            issueLoad();
+    } else if (m_mpv) {
+        const char *stop[] = {"stop", nullptr};
+        mpv_command_async(m_mpv.get(), 0, stop);
+        m_tracks.clear();
+        m_duration = 0;
+        m_playerTime = NAN;
+        if (m_imageSurface)
+            m_imageSurface->clearFrame();
+    }
+    setIsPlaying(false);
+}
+
+void VHMovieController::issueLoad()
+{
+    m_loadPending = false;
+    const QByteArray file = QFile::encodeName(m_movie);
+    const char *load[] = {"loadfile", file.constData(), "replace", nullptr};
+    mpv_command_async(m_mpv.get(), 0, load);
+}
+
+void VHMovieController::setPaused(bool paused)
+{
+    if (!m_mpv)
+        return;
+    int flag = paused ? 1 : 0;
+    mpv_set_property(m_mpv.get(), "pause", MPV_FORMAT_FLAG, &flag);
+    // The flag follows the player's rate at once, as the player has it now; the property
+    // change that mpv reports later then finds nothing to change.
+    setPlayRate(paused ? 0 : 1);
+}
+
+void VHMovieController::setPlaying(bool playing)
+{
+    if (hasMovie())
+        setPaused(!playing);
+}
+
+void VHMovieController::togglePlayPause()
+{
+    setPlaying(!m_isPlaying);
+}
+
+double VHMovieController::currentTime() const
+{
+    return m_currentTime;
+}
+
+double VHMovieController::fps() const
+{
+    return m_fps;
+}
+
+double VHMovieController::duration() const
+{
+    return m_duration > 0 ? m_duration : 0;
+}
+
+double VHMovieController::playerTime() const
+{
+    if (!m_mpv || m_movie.isEmpty())
+        return NAN;
+    double t = NAN;
+    if (mpv_get_property(m_mpv.get(), "time-pos", MPV_FORMAT_DOUBLE, &t) < 0)
+        return m_playerTime;
+    return t;
+}
+
+void VHMovieController::setCurrentTime(double seconds)
+{
+    if (m_waitingForReady) {
+        // Applied once the movie is ready; the last time asked for wins.
+        m_targetTime = seconds;
+        return;
+    }
+    if (!m_wasPlaying)
+        m_wasPlaying = m_isPlaying;
+    if (m_wasPlaying)
+        setPaused(true);
+    const double length = duration();
+    const double t = std::clamp(seconds, 0.0, length);
+    m_currentTime = t;
+    if (m_mpv && hasMovie()) {
+        const QByteArray target = QByteArray::number(t, 'f', 6);
+        const char *seek[] = {"seek", target.constData(), m_accuracyScrubbing ? "absolute+exact" : "absolute",
+                              nullptr};
+        mpv_command_async(m_mpv.get(), 0, seek);
+    } else if (m_wasPlaying) {
+        // No player to wait for: resume at once.
+        setPaused(false);
+        m_wasPlaying = false;
+    }
+    tellSubtitleViewTime(t);
+    setSliderFraction(length > 0 ? t / length : 0);
+    tellSubtitleViewTime(t);
+    announceCurrentTime();
+}
+
+void VHMovieController::seekFinishedInPlayer()
+{
+    if (m_wasPlaying) {
+        setPaused(false);
+        m_wasPlaying = false;
+    }
+    Q_EMIT seekFinished();
+}
+
+void VHMovieController::updateScrobberTimed()
+{
+    const double t = playerTime();
+    if (std::isnan(t))
+        return;
+    m_currentTime = t;
+    const double length = duration();
+    setSliderFraction(length > 0 ? t / length : 0);
+    tellSubtitleViewTime(t);
+    announceCurrentTime();
+}
+
+void VHMovieController::jumpToBeginning()
+{
+    if (m_mpv && hasMovie()) {
+        const char *seek[] = {"seek", "0", "absolute+exact", nullptr};
+        mpv_command(m_mpv.get(), seek);
+    }
+    updateScrobberTimed();
+}
+
+void VHMovieController::drainMpvEvents()
+{
+    m_drainPosted = false;
+    while (m_mpv) {
+        mpv_event *event = mpv_wait_event(m_mpv.get(), 0);
+        switch (event->event_id) {
+        case MPV_EVENT_NONE:
+            return;
+        case MPV_EVENT_PROPERTY_CHANGE: {
+            const auto *property = static_cast<mpv_event_property *>(event->data);
+            handlePropertyChange(property->name, property->format, property->data);
+            break;
+        }
+        case MPV_EVENT_START_FILE:
+            m_entryId = static_cast<mpv_event_start_file *>(event->data)->playlist_entry_id;
+            break;
+        case MPV_EVENT_FILE_LOADED:
+            movieBecameReady();
+            break;
+        case MPV_EVENT_END_FILE: {
+            const auto *end = static_cast<mpv_event_end_file *>(event->data);
+            if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady && end->playlist_entry_id == m_entryId) {
+                m_waitingForReady = false;
+                reportFailedLoading();
+            }
+            break;
+        }
+        case MPV_EVENT_PLAYBACK_RESTART:
+            seekFinishedInPlayer();
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+void VHMovieController::handlePropertyChange(const char *name, int format, void *data)
+{
+    const bool isDouble = format == MPV_FORMAT_DOUBLE;
+    const QByteArrayView key(name);
+    if (key == "time-pos") {
+        m_playerTime = isDouble ? *static_cast<double *>(data) : NAN;
+    } else if (key == "duration") {
+        m_duration = isDouble ? *static_cast<double *>(data) : 0;
+    } else if (key == "pause" && format == MPV_FORMAT_FLAG) {
+        setPlayRate(*static_cast<int *>(data) ? 0 : 1);
+    } else if (key == "eof-reached" && format == MPV_FORMAT_FLAG) {
+        // The movie stays open at its end: show where it stopped.
+        if (*static_cast<int *>(data))
+            updateScrobberTimed();
+    } else if (key == "track-list" && format == MPV_FORMAT_NODE) {
+        readTrackList(*static_cast<mpv_node *>(data));
+    } else if ((key == "container-fps" || key == "estimated-vf-fps") && isDouble && m_fps <= 0) {
+        m_fps = *static_cast<double *>(data);
+    }
+}
+
+void VHMovieController::movieBecameReady()
+{
+    if (!m_waitingForReady)
+        return;
+    double length = 0;
+    if (mpv_get_property(m_mpv.get(), "duration", MPV_FORMAT_DOUBLE, &length) >= 0)
+        m_duration = length;
+    mpv_node list;
+    if (mpv_get_property(m_mpv.get(), "track-list", MPV_FORMAT_NODE, &list) >= 0) {
+        readTrackList(list);
+        mpv_free_node_contents(&list);
+    }
+    if (m_fps <= 0) {
+        double containerFps = 0;
+        if (mpv_get_property(m_mpv.get(), "container-fps", MPV_FORMAT_DOUBLE, &containerFps) >= 0)
+            m_fps = containerFps;
+    }
+    m_waitingForReady = false;
+    setCurrentTime(m_targetTime);
+    reportLoaded();
+}
+
+void VHMovieController::readTrackList(const mpv_node &list)
+{
+    if (list.format != MPV_FORMAT_NODE_ARRAY)
+        return;
+    m_tracks.clear();
+    double largestFps = 0;
+    for (int i = 0; i < list.u.list->num; ++i) {
+        const mpv_node &entry = list.u.list->values[i];
+        Track track;
+        track.id = qint64(nodeNumber(entry, "id"));
+        track.type = nodeString(entry, "type");
+        track.lang = nodeString(entry, "lang");
+        track.title = nodeString(entry, "title");
+        track.codec = nodeString(entry, "codec");
+        track.selected = nodeFlag(entry, "selected");
+        track.albumArt = nodeFlag(entry, "albumart");
+        track.width = int(nodeNumber(entry, "demux-w"));
+        track.height = int(nodeNumber(entry, "demux-h"));
+        track.fps = nodeNumber(entry, "demux-fps");
+        if (track.type == u"video"_s && !track.albumArt)
+            largestFps = std::max(largestFps, track.fps);
+        m_tracks << track;
+    }
+    // The largest nominal rate among the video tracks.
+    if (largestFps > 0)
+        m_fps = largestFps;
+}
+
+double VHMovieController::aspectRatio() const
+{
+    for (auto it = m_tracks.crbegin(); it != m_tracks.crend(); ++it) {
+        if (it->type == u"video"_s && !it->albumArt)
+            return it->height > 0 ? double(it->width) / it->height : 0;
+    }
+    return 0;
+}
+
+QList<VHMovieController::Track> VHMovieController::audioTracks() const
+{
+    QList<Track> audio;
+    for (const Track &track : m_tracks) {
+        if (track.type == u"audio"_s)
+            audio << track;
+    }
+    return audio;
+}
+
+QList<AudioTrackItem> VHMovieController::audioMenuItems() const
+{
+    QList<AudioTrackItem> items;
+    const QList<Track> audio = audioTracks();
+    const int current = audioTrack();
+    for (qsizetype i = 0; i < audio.size(); ++i) {
+        QString name = languageName(audio[i].lang);
+        if (name.isEmpty())
+            name = audio[i].title.isEmpty() ? tr("Track %1").arg(i + 1) : audio[i].title;
+        const QString type = audioTypeForCode(audioCodeForCodecName(audio[i].codec));
+        items << AudioTrackItem{u"%1\t\t%2"_s.arg(name, type), int(i), i == current};
+    }
+    return items;
+}
+
+int VHMovieController::audioTrack() const
+{
+    const QList<Track> audio = audioTracks();
+    for (qsizetype i = 0; i < audio.size(); ++i) {
+        if (audio[i].selected)
+            return int(i);
+    }
+    return 0;
+}
+
+void VHMovieController::setAudioTrack(int index)
+{
+    const QList<Track> audio = audioTracks();
+    if (audio.isEmpty())
+        return;
+    // The menu passes only indexes of its items; anything else addresses no track.
+    if (index < 0 || index >= audio.size()) {
+        logLine(u"Error: There is no audio track %1"_s.arg(index));
+        return;
+    }
+    const Track &track = audio[index];
+    if (!isSaveAudioCode(audioCodeForCodecName(track.codec))) {
+        Prompt prompt;
+        prompt.message = u"The audio track you selected may not play on your system or even make the app "
+                         u"crash. \nDo you want to continue?"_s;
+        prompt.buttons = {u"Use Unsafe Audio Track"_s, u"Cancel"_s};
+        if (Prompter::shared().ask(prompt).button != 0)
+            return;
+    }
+    qint64 id = track.id;
+    mpv_set_property(m_mpv.get(), "aid", MPV_FORMAT_INT64, &id);
+    // The track list reports the choice later; the menu shows it at once.
+    for (Track &t : m_tracks) {
+        if (t.type == u"audio"_s)
+            t.selected = t.id == id;
+    }
+}
+
+void VHMovieController::renderSoftwareFrame()
+{
+    if (!m_softwareRender || !m_imageSurface)
+        return;
+    if (!(mpv_render_context_update(m_softwareRender.get()) & MPV_RENDER_UPDATE_FRAME) && !m_forceRender)
+        return;
+    m_forceRender = false;
+    QSize size = m_imageSurface->size() * m_imageSurface->devicePixelRatio();
+    if (size.width() < 16 || size.height() < 16)
+        size = QSize(320, 180);
+    if (m_softwareFrame.size() != size)
+        m_softwareFrame = QImage(size, QImage::Format_RGB32);
+    int surfaceSize[2] = {size.width(), size.height()};
+    size_t stride = size_t(m_softwareFrame.bytesPerLine());
+    mpv_render_param params[] = {
+        {MPV_RENDER_PARAM_SW_SIZE, surfaceSize},
+        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char *>("bgr0")},
+        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
+        {MPV_RENDER_PARAM_SW_POINTER, m_softwareFrame.bits()},
+        {MPV_RENDER_PARAM_INVALID, nullptr},
+    };
+    if (mpv_render_context_render(m_softwareRender.get(), params) < 0)
+        return;
+    // "bgr0" leaves the fourth byte undefined; an RGB32 image needs it opaque.
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<quint32 *>(m_softwareFrame.scanLine(y));
+        for (int x = 0; x < size.width(); ++x)
+            line[x] |= 0xff000000u;
+    }
+    QImage shown = m_softwareFrame.copy();
+    shown.setDevicePixelRatio(m_imageSurface->devicePixelRatio());
+    m_imageSurface->setFrame(shown);
+}
