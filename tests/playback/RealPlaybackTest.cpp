@@ -1,0 +1,116 @@
+// Real video on an X server (run under xvfb-run): libmpv through OpenGL and libVLC through
+// its frame callbacks, each seeking to a frame of the test movie and showing the cue of
+// that time over it.
+#include "VHMovieController.h"
+#include "VLCMovieController.h"
+
+#include "PlaybackTestSupport.h"
+#include "VHSubtitleView.h"
+
+#include <QBoxLayout>
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double Frame = 0.04;
+const QString CueText = u"MMMMMMMM"_s;
+
+SubtitleList testCues()
+{
+    return {VHSubtitle::create(u"First"_s, 0.5, 1.5), VHSubtitle::create(CueText, 3.4, 3.7),
+            VHSubtitle::create(u"Last"_s, 5.0, 5.5)};
+}
+
+// A window holding the controller's view, as the program's window does.
+struct Window
+{
+    QWidget window;
+    RecordingDelegate delegate;
+
+    explicit Window(VHMovieController &controller)
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(controller.view());
+        window.resize(640, 520);
+        controller.setDelegate(&delegate);
+        controller.setAccuracyScrubbing(true);
+        controller.setSubtitles(testCues());
+        window.show();
+    }
+    bool waitLoaded()
+    {
+        return waitFor([this] { return delegate.loaded + delegate.failed > 0; }, 20000);
+    }
+};
+
+// The grabbed frame shows the picture and the cue of 3.52 s in the overlay's box.
+void expectCueOverPicture(VHMovieController &controller)
+{
+    VHSubtitleView *overlay = controller.subtitleView();
+    ASSERT_TRUE(overlay->currentSubtitle());
+    EXPECT_EQ(overlay->currentSubtitle()->string(), CueText);
+    const QRect textRect = overlay->currentLayout(CueText).textRect.toRect();
+
+    const QImage frame = controller.grabFrame();
+    EXPECT_GT(whitePixels(frame, textRect), 30);
+    const QRgb middle = frame.pixel(frame.width() / 2, frame.height() / 3);
+    EXPECT_GT(qRed(middle) + qGreen(middle) + qBlue(middle), 60) << "no picture";
+
+    // What the screen shows: the widget grab of the whole view.
+    const QImage screen = controller.view()->grab().toImage();
+    const QPoint offset = overlay->mapTo(controller.view(), QPoint());
+    EXPECT_GT(whitePixels(screen, textRect.translated(offset)), 30);
+}
+
+} // namespace
+
+TEST(RealPlayback, MpvSeeksToAFrameAndTheOverlayShowsItsCue)
+{
+    ASSERT_NE(QGuiApplication::platformName(), u"offscreen"_s);
+    VHMovieController controller;
+    Window window(controller);
+    EXPECT_TRUE(controller.usesOpenGL());
+    ASSERT_TRUE(controller.loadMovieURL(testMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    ASSERT_EQ(window.delegate.loaded, 1);
+
+    controller.setCurrentTime(3.52);
+    EXPECT_DOUBLE_EQ(controller.currentTime(), 3.52);
+    ASSERT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - 3.52) < Frame / 2; }))
+        << controller.playerTime();
+    waitFor([] { return false; }, 300); // the frame reaches the widget
+    expectCueOverPicture(controller);
+}
+
+TEST(RealPlayback, MpvReportsAFileItCannotOpen)
+{
+    VHMovieController controller;
+    Window window(controller);
+    ASSERT_TRUE(controller.loadMovieURL(brokenMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    EXPECT_EQ(window.delegate.failed, 1);
+    EXPECT_EQ(window.delegate.loaded, 0);
+}
+
+TEST(RealPlayback, VLCSeeksToAFrameAndTheOverlayShowsItsCue)
+{
+    VLCMovieController controller;
+    Window window(controller);
+    ASSERT_TRUE(controller.loadMovieURL(testMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    ASSERT_EQ(window.delegate.loaded, 1);
+    EXPECT_FALSE(controller.isPlaying());
+    EXPECT_NEAR(controller.duration(), 6.0, 0.1);
+    EXPECT_DOUBLE_EQ(controller.aspectRatio(), 320.0 / 240.0);
+
+    controller.setCurrentTime(3.52);
+    EXPECT_DOUBLE_EQ(controller.currentTime(), 3.52);
+    ASSERT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - 3.52) < Frame; }))
+        << controller.playerTime();
+    waitFor([] { return false; }, 500);
+    expectCueOverPicture(controller);
+}
