@@ -9,6 +9,7 @@
 
 #include <vlc/vlc.h>
 
+#include <cmath>
 #include <cstring>
 #include <vector>
 
@@ -124,9 +125,15 @@ void VLCMovieController::takeFrame()
         QMutexLocker lock(&m_sink->mutex);
         if (m_sink->width == 0 || m_sink->height == 0)
             return;
+        // The buffer may be taller than the picture (decoders align heights): keep what shows.
+        unsigned width = 0, height = 0;
+        if (libvlc_video_get_size(m_vlcPlayer, 0, &width, &height) != 0 || width == 0 || height == 0) {
+            width = m_sink->width;
+            height = m_sink->height;
+        }
         frame = QImage(m_sink->pixels.data(), int(m_sink->width), int(m_sink->height), int(m_sink->pitch),
                        QImage::Format_RGB32)
-                    .copy();
+                    .copy(0, 0, int(std::min(width, m_sink->width)), int(std::min(height, m_sink->height)));
     }
     // RV32 leaves the fourth byte unset; an RGB32 image needs it opaque.
     for (int y = 0; y < frame.height(); ++y) {
@@ -134,8 +141,12 @@ void VLCMovieController::takeFrame()
         for (int x = 0; x < frame.width(); ++x)
             line[x] |= 0xff000000u;
     }
-    if (m_media)
-        imageSurface()->setFrame(frame);
+    if (!m_media)
+        return;
+    imageSurface()->setFrame(frame);
+    if (!std::isnan(m_stepTarget) &&
+        double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0 >= m_stepTarget - 0.5 / std::max(m_fps, 25.0))
+        endStep();
 }
 
 bool VLCMovieController::loadMovieURL(const QString &path)
@@ -174,8 +185,26 @@ void VLCMovieController::setMovie(const QString &path)
     libvlc_media_add_option(m_media, ":no-sub-autodetect-file");
     m_isLoading = true;
     libvlc_media_player_play(m_vlcPlayer);
-    libvlc_media_player_set_pause(m_vlcPlayer, 1);
     libvlc_video_set_spu(m_vlcPlayer, -1);
+    // Paused before its first picture, libVLC would show none: play (muted) until the first
+    // frame arrives, then pause.
+    stepToFrameAt(0);
+}
+
+void VLCMovieController::stepToFrameAt(double seconds)
+{
+    m_stepTarget = seconds;
+    libvlc_audio_set_mute(m_vlcPlayer, 1);
+    libvlc_media_player_play(m_vlcPlayer);
+}
+
+void VLCMovieController::endStep()
+{
+    if (std::isnan(m_stepTarget))
+        return;
+    m_stepTarget = NAN;
+    libvlc_media_player_set_pause(m_vlcPlayer, 1);
+    libvlc_audio_set_mute(m_vlcPlayer, 0);
 }
 
 bool VLCMovieController::playerIsPlaying() const
@@ -187,6 +216,8 @@ void VLCMovieController::movieStateChanged(int eventType)
 {
     if (!m_media)
         return;
+    if (eventType == libvlc_MediaPlayerEncounteredError || eventType == libvlc_MediaPlayerEndReached)
+        endStep();
     if (m_isLoading && eventType == libvlc_MediaPlayerEncounteredError) {
         m_isLoading = false;
         reportFailedLoading();
@@ -197,7 +228,8 @@ void VLCMovieController::movieStateChanged(int eventType)
         const unsigned count = libvlc_media_tracks_get(m_media, &tracks);
         libvlc_track_description_t *names = libvlc_audio_get_track_description(m_vlcPlayer);
         if (count > 0 && names) {
-            m_duration = double(libvlc_media_get_duration(m_media)) / 1000.0;
+            m_duration = 0;
+            duration();
             for (unsigned i = 0; i < count; ++i) {
                 if (tracks[i]->i_type != libvlc_track_video || !tracks[i]->video)
                     continue;
@@ -215,10 +247,10 @@ void VLCMovieController::movieStateChanged(int eventType)
             libvlc_track_description_list_release(names);
         if (tracks)
             libvlc_media_tracks_release(tracks, count);
-        // Playing and pausing at once while loading is not a change of the playing flag.
-        if (m_isLoading)
-            return;
     }
+    // Playing onto a frame (also while loading) is not a change of the playing flag.
+    if (m_isLoading || !std::isnan(m_stepTarget))
+        return;
     const bool playing = playerIsPlaying();
     setIsPlaying(playing);
     if (playing && m_fps > 0 && !hasScrubberTimer())
@@ -236,8 +268,13 @@ double VLCMovieController::fps() const
 
 double VLCMovieController::duration() const
 {
-    if (m_duration <= 0 && m_media)
-        m_duration = std::max(0.0, double(libvlc_media_get_duration(m_media)) / 1000.0);
+    if (m_duration <= 0 && m_media) {
+        // The media knows its length once parsed; the playing input knows it earlier.
+        libvlc_time_t length = libvlc_media_get_duration(m_media);
+        if (length <= 0)
+            length = libvlc_media_player_get_length(m_vlcPlayer);
+        m_duration = std::max(0.0, double(length) / 1000.0);
+    }
     return m_duration;
 }
 
@@ -267,6 +304,9 @@ void VLCMovieController::setCurrentTime(double seconds)
     tellSubtitleViewTime(seconds);
     if (wasPlaying)
         libvlc_media_player_play(m_vlcPlayer);
+    else
+        // A paused player shows no picture of the new time by itself: play onto it.
+        stepToFrameAt(seconds);
     setSliderFraction(position());
     announceCurrentTime();
 }
@@ -315,6 +355,9 @@ void VLCMovieController::togglePlayPause()
 {
     if (!m_media)
         return;
+    // Playing takes over from playing onto a frame.
+    m_stepTarget = NAN;
+    libvlc_audio_set_mute(m_vlcPlayer, 0);
     if (m_isPlaying) {
         libvlc_media_player_set_pause(m_vlcPlayer, 1);
     } else {

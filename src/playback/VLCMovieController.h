@@ -2,6 +2,7 @@
 
 #include "VHMovieController.h"
 
+#include <cmath>
 #include <memory>
 
 struct libvlc_instance_t;
@@ -63,6 +64,8 @@ private:
     Q_INVOKABLE void movieStateChanged(int eventType);
     Q_INVOKABLE void takeFrame();
     bool playerIsPlaying() const;
+    void stepToFrameAt(double seconds);
+    void endStep();
 
     libvlc_instance_t *m_vlc = nullptr;
     libvlc_media_player_t *m_vlcPlayer = nullptr;
@@ -72,4 +75,6 @@ private:
     double m_aspectRatio = 0;
     bool m_isLoading = false;
     double m_timeWhenPaused = 0;
+    // While playing onto a frame: the time of the frame to pause on (NaN otherwise).
+    double m_stepTarget = NAN;
 };

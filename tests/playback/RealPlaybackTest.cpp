@@ -112,5 +112,8 @@ TEST(RealPlayback, VLCSeeksToAFrameAndTheOverlayShowsItsCue)
     ASSERT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - 3.52) < Frame; }))
         << controller.playerTime();
     waitFor([] { return false; }, 500);
+    // It stopped on that frame.
+    EXPECT_NEAR(controller.playerTime(), 3.52, Frame);
+    EXPECT_FALSE(controller.isPlaying());
     expectCueOverPicture(controller);
 }
