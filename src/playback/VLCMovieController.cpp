@@ -125,15 +125,9 @@ void VLCMovieController::takeFrame()
         QMutexLocker lock(&m_sink->mutex);
         if (m_sink->width == 0 || m_sink->height == 0)
             return;
-        // The buffer may be taller than the picture (decoders align heights): keep what shows.
-        unsigned width = 0, height = 0;
-        if (libvlc_video_get_size(m_vlcPlayer, 0, &width, &height) != 0 || width == 0 || height == 0) {
-            width = m_sink->width;
-            height = m_sink->height;
-        }
         frame = QImage(m_sink->pixels.data(), int(m_sink->width), int(m_sink->height), int(m_sink->pitch),
                        QImage::Format_RGB32)
-                    .copy(0, 0, int(std::min(width, m_sink->width)), int(std::min(height, m_sink->height)));
+                    .copy();
     }
     // RV32 leaves the fourth byte unset; an RGB32 image needs it opaque.
     for (int y = 0; y < frame.height(); ++y) {
@@ -141,8 +135,11 @@ void VLCMovieController::takeFrame()
         for (int x = 0; x < frame.width(); ++x)
             line[x] |= 0xff000000u;
     }
-    if (!m_media)
+    // After playing onto a frame, the frames decoded before the pause took hold stay hidden.
+    if (!m_media || m_holdFrame)
         return;
+    if (m_pictureSize.isValid() && !m_pictureSize.isEmpty() && frame.size() != m_pictureSize)
+        frame = frame.scaled(m_pictureSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     imageSurface()->setFrame(frame);
     if (!std::isnan(m_stepTarget) &&
         double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0 >= m_stepTarget - 0.5 / std::max(m_fps, 25.0))
@@ -165,6 +162,8 @@ void VLCMovieController::setMovie(const QString &path)
     m_fps = 0;
     m_duration = 0;
     m_aspectRatio = 0;
+    m_pictureSize = QSize();
+    m_holdFrame = false;
     m_timeWhenPaused = 0;
     m_currentTime = 0;
     if (m_media) {
@@ -194,6 +193,7 @@ void VLCMovieController::setMovie(const QString &path)
 void VLCMovieController::stepToFrameAt(double seconds)
 {
     m_stepTarget = seconds;
+    m_holdFrame = false;
     libvlc_audio_set_mute(m_vlcPlayer, 1);
     libvlc_media_player_play(m_vlcPlayer);
 }
@@ -203,6 +203,7 @@ void VLCMovieController::endStep()
     if (std::isnan(m_stepTarget))
         return;
     m_stepTarget = NAN;
+    m_holdFrame = true;
     libvlc_media_player_set_pause(m_vlcPlayer, 1);
     libvlc_audio_set_mute(m_vlcPlayer, 0);
 }
@@ -227,14 +228,20 @@ void VLCMovieController::movieStateChanged(int eventType)
         libvlc_media_track_t **tracks = nullptr;
         const unsigned count = libvlc_media_tracks_get(m_media, &tracks);
         libvlc_track_description_t *names = libvlc_audio_get_track_description(m_vlcPlayer);
-        if (count > 0 && names) {
-            m_duration = 0;
-            duration();
+        // The length too: the project takes it with the load report.
+        m_duration = 0;
+        if (count > 0 && names && duration() > 0) {
             for (unsigned i = 0; i < count; ++i) {
                 if (tracks[i]->i_type != libvlc_track_video || !tracks[i]->video)
                     continue;
                 const libvlc_video_track_t *video = tracks[i]->video;
                 m_aspectRatio = video->i_width && video->i_height ? double(video->i_width) / video->i_height : 1.0;
+                // Frames are shown at the picture's own size: libVLC may hand them over
+                // scaled to a buffer of another height (320×240 arrives as 320×258).
+                const double sar = video->i_sar_num && video->i_sar_den
+                                       ? double(video->i_sar_num) / video->i_sar_den
+                                       : 1.0;
+                m_pictureSize = QSize(qRound(video->i_width * sar), int(video->i_height));
                 m_fps = video->i_frame_rate_den > 0 ? double(video->i_frame_rate_num) / video->i_frame_rate_den : 0;
                 break;
             }
@@ -357,6 +364,7 @@ void VLCMovieController::togglePlayPause()
         return;
     // Playing takes over from playing onto a frame.
     m_stepTarget = NAN;
+    m_holdFrame = false;
     libvlc_audio_set_mute(m_vlcPlayer, 0);
     if (m_isPlaying) {
         libvlc_media_player_set_pause(m_vlcPlayer, 1);

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <memory>
 
+#include <QSize>
+
 struct libvlc_instance_t;
 struct libvlc_media_player_t;
 struct libvlc_media_t;
@@ -73,8 +75,10 @@ private:
     std::unique_ptr<FrameSink> m_sink;
     mutable double m_duration = 0;
     double m_aspectRatio = 0;
+    QSize m_pictureSize;
     bool m_isLoading = false;
     double m_timeWhenPaused = 0;
     // While playing onto a frame: the time of the frame to pause on (NaN otherwise).
     double m_stepTarget = NAN;
+    bool m_holdFrame = false;
 };

@@ -70,3 +70,35 @@ int whitePixels(const QImage &image, const QRect &area)
     }
     return count;
 }
+
+QImage referenceFrame(double seconds)
+{
+    const QString path = movieFolder().path(u"reference-%1.png"_s.arg(seconds, 0, 'f', 2));
+    QProcess ffmpeg;
+    ffmpeg.start(u"ffmpeg"_s, {u"-hide_banner"_s, u"-loglevel"_s, u"error"_s, u"-y"_s, u"-ss"_s,
+                               QString::number(seconds, 'f', 3), u"-i"_s, testMovie(), u"-frames:v"_s, u"1"_s,
+                               path});
+    if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0)
+        ADD_FAILURE() << "ffmpeg could not extract a frame: " << ffmpeg.readAllStandardError().toStdString();
+    return QImage(path).convertToFormat(QImage::Format_RGB32);
+}
+
+double frameDistance(const QImage &picture, const QRect &pictureRect, const QImage &reference,
+                     const QRect &excluded)
+{
+    const QImage scaled = reference.scaled(pictureRect.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    qint64 sum = 0;
+    qint64 count = 0;
+    for (int y = 0; y < pictureRect.height(); ++y) {
+        for (int x = 0; x < pictureRect.width(); ++x) {
+            const QPoint at = pictureRect.topLeft() + QPoint(x, y);
+            if (excluded.contains(at) || !picture.rect().contains(at))
+                continue;
+            const QRgb a = picture.pixel(at);
+            const QRgb b = scaled.pixel(x, y);
+            sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
+            count += 3;
+        }
+    }
+    return count ? double(sum) / double(count) : 255.0;
+}

@@ -19,6 +19,14 @@ QString brokenMovie();
 // Runs the event loop until `condition` holds or `timeoutMs` passes; answers the condition.
 bool waitFor(const std::function<bool()> &condition, int timeoutMs = 10000);
 
+// The test movie's frame at `seconds`, decoded by the ffmpeg command line (320×240).
+QImage referenceFrame(double seconds);
+// Mean difference per colour channel (0..255) between `picture` (where a frame of the test
+// movie is drawn at `pictureRect`) and `reference` scaled to that rectangle, leaving out
+// the pixels of `excluded` (the overlay's box).
+double frameDistance(const QImage &picture, const QRect &pictureRect, const QImage &reference,
+                     const QRect &excluded);
+
 // How many pixels of `area` are near white (the overlay's text colour).
 int whitePixels(const QImage &image, const QRect &area);
 
