@@ -53,12 +53,12 @@ QString VHMovieController::audioCodeForCodecName(const QString &codecName)
 {
     // FFmpeg's codec names, as mpv reports them in its track list.
     static const QHash<QString, QString> codes = {
-        {u"aac"_s, u"aac "_s},         {u"aac_latm"_s, u"aac "_s},   {u"ac3"_s, u"ac-3"_s},
-        {u"eac3"_s, u"ec-3"_s},        {u"s302m"_s, u"aes3"_s},      {u"alac"_s, u"alac"_s},
-        {u"pcm_alaw"_s, u"alaw"_s},    {u"pcm_mulaw"_s, u"ulaw"_s},  {u"adpcm_ima_qt"_s, u"ima4"_s},
-        {u"mp1"_s, u".mp1"_s},         {u"mp1float"_s, u".mp1"_s},   {u"mp2"_s, u".mp2"_s},
-        {u"mp2float"_s, u".mp2"_s},    {u"mp3"_s, u".mp3"_s},        {u"mp3float"_s, u".mp3"_s},
-        {u"mace3"_s, u"MAC3"_s},       {u"mace6"_s, u"MAC6"_s},
+        {u"aac"_s, u"aac "_s},      {u"aac_latm"_s, u"aac "_s},  {u"ac3"_s, u"ac-3"_s},
+        {u"eac3"_s, u"ec-3"_s},     {u"s302m"_s, u"aes3"_s},     {u"alac"_s, u"alac"_s},
+        {u"pcm_alaw"_s, u"alaw"_s}, {u"pcm_mulaw"_s, u"ulaw"_s}, {u"adpcm_ima_qt"_s, u"ima4"_s},
+        {u"mp1"_s, u".mp1"_s},      {u"mp1float"_s, u".mp1"_s},  {u"mp2"_s, u".mp2"_s},
+        {u"mp2float"_s, u".mp2"_s}, {u"mp3"_s, u".mp3"_s},       {u"mp3float"_s, u".mp3"_s},
+        {u"mace3"_s, u"MAC3"_s},    {u"mace6"_s, u"MAC6"_s},
     };
     if (const auto it = codes.constFind(codecName); it != codes.cend())
         return *it;

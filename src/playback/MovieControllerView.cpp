@@ -168,8 +168,8 @@ double VHMovieController::sliderFraction() const
 void VHMovieController::setPlayButtonState(bool on)
 {
     m_playButton->setChecked(on);
-    m_playButton->setIcon(m_playButton->style()->standardIcon(on ? QStyle::SP_MediaPause
-                                                                  : QStyle::SP_MediaPlay));
+    m_playButton->setIcon(
+        m_playButton->style()->standardIcon(on ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
     m_playButton->setToolTip(on ? tr("Pause") : tr("Play"));
 }
 

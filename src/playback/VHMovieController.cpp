@@ -90,8 +90,7 @@ QString languageName(const QString &lang)
 
 VHMovieController::VHMovieController(QObject *parent)
     : VHMovieController(Backend::Mpv, parent)
-{
-}
+{}
 
 VHMovieController::VHMovieController(Backend backend, QObject *parent)
     : QObject(parent)
@@ -115,7 +114,8 @@ VHMovieController::VHMovieController(Backend backend, QObject *parent)
             mpv_render_context *context = nullptr;
             if (mpv_render_context_create(&context, m_mpv.get(), params) >= 0) {
                 m_softwareRender.reset(context);
-                mpv_render_context_set_update_callback(context, &VHMovieController::softwareRenderUpdate, this);
+                mpv_render_context_set_update_callback(context, &VHMovieController::softwareRenderUpdate,
+                                                       this);
             } else {
                 logLine(u"Error: The video renderer could not be started"_s);
             }
@@ -128,6 +128,8 @@ VHMovieController::VHMovieController(Backend backend, QObject *parent)
 
 VHMovieController::~VHMovieController()
 {
+    if (m_mpv)
+        mpv_set_wakeup_callback(m_mpv.get(), nullptr, nullptr);
     m_scruberTimer.stop();
     watchWindow(false);
     // The view holds the OpenGL render context, which must go before the player.
@@ -140,7 +142,8 @@ VHMovieController::~VHMovieController()
 bool VHMovieController::openGLAvailable()
 {
     static const bool available = [] {
-        if (QGuiApplication::platformName() == u"offscreen"_s || qEnvironmentVariableIsSet("CAPTORA_SOFTWARE_VIDEO"))
+        if (QGuiApplication::platformName() == u"offscreen"_s ||
+            qEnvironmentVariableIsSet("CAPTORA_SOFTWARE_VIDEO"))
             return false;
         QOpenGLContext probe;
         return probe.create();
@@ -173,9 +176,12 @@ bool VHMovieController::createPlayer()
     // The movie's own subtitles never show and no subtitle file beside it is loaded:
     // Captora draws the cues. A movie opens paused and stays open at its end.
     const std::pair<const char *, const char *> options[] = {
-        {"vo", "libmpv"},       {"sid", "no"},       {"sub-auto", "no"},    {"hr-seek", "yes"},
-        {"keep-open", "yes"},   {"pause", "yes"},    {"idle", "yes"},       {"audio-display", "no"},
-        {"ytdl", "no"},         {"input-default-bindings", "no"},           {"osd-level", "0"},
+        {"vo", "libmpv"},     {"sid", "no"},
+        {"sub-auto", "no"},   {"hr-seek", "yes"},
+        {"keep-open", "yes"}, {"pause", "yes"},
+        {"idle", "yes"},      {"audio-display", "no"},
+        {"ytdl", "no"},       {"input-default-bindings", "no"},
+        {"osd-level", "0"},
     };
     for (const auto &[name, value] : options)
         mpv_set_option_string(mpv, name, value);
@@ -371,7 +377,8 @@ void VHMovieController::drainMpvEvents()
             break;
         case MPV_EVENT_END_FILE: {
             const auto *end = static_cast<mpv_event_end_file *>(event->data);
-            if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady && end->playlist_entry_id == m_entryId) {
+            if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady &&
+                end->playlist_entry_id == m_entryId) {
                 m_waitingForReady = false;
                 reportFailedLoading();
             }
@@ -544,10 +551,8 @@ void VHMovieController::renderSoftwareFrame()
     int surfaceSize[2] = {size.width(), size.height()};
     size_t stride = size_t(m_softwareFrame.bytesPerLine());
     mpv_render_param params[] = {
-        {MPV_RENDER_PARAM_SW_SIZE, surfaceSize},
-        {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char *>("bgr0")},
-        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
-        {MPV_RENDER_PARAM_SW_POINTER, m_softwareFrame.bits()},
+        {MPV_RENDER_PARAM_SW_SIZE, surfaceSize}, {MPV_RENDER_PARAM_SW_FORMAT, const_cast<char *>("bgr0")},
+        {MPV_RENDER_PARAM_SW_STRIDE, &stride},   {MPV_RENDER_PARAM_SW_POINTER, m_softwareFrame.bits()},
         {MPV_RENDER_PARAM_INVALID, nullptr},
     };
     if (mpv_render_context_render(m_softwareRender.get(), params) < 0)

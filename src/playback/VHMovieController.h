@@ -154,6 +154,8 @@ protected:
     void setSliderFraction(double fraction);
     double sliderFraction() const;
     void setPlayButtonState(bool on);
+    // While playing, closing the window stops playback (windowWillClose()).
+    void watchWindow(bool watch);
     void reportLoaded();
     void reportFailedLoading();
     void reportChangedPlaying(bool playing);
@@ -198,7 +200,6 @@ private:
     void buildView(QWidget *surface);
     void buildControlBar();
     void updateSubtitleButton();
-    void watchWindow(bool watch);
 
     static void wakeup(void *controller);
     static void softwareRenderUpdate(void *controller);

@@ -102,9 +102,9 @@ void VHSubtitleView::setObservedSubtitle(const SubtitlePtr &cue)
     if (!cue)
         return;
     // One observation of every key; the cue's text and both times are what is drawn.
-    m_observedToken = cue->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
-        if (change == Observable::Change::Did &&
-            (key == u"string"_s || key == u"start"_s || key == u"end"_s))
+    m_observedToken = cue->observeKey(QString(), [this](Observable *, const QString &key,
+                                                        Observable::Change change) {
+        if (change == Observable::Change::Did && (key == u"string"_s || key == u"start"_s || key == u"end"_s))
             update();
     });
 }
@@ -157,7 +157,8 @@ VHSubtitleView::Layout VHSubtitleView::currentLayout(const QString &text, QFont 
     // Sizes are in the view's own units (logical pixels), whatever the screen's dots per inch.
     font.setPointSizeF(fontSize * 72.0 / std::max(1, logicalDpiY()));
     const QFontMetricsF metrics(font);
-    const QSizeF natural = metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), Qt::AlignHCenter | Qt::AlignTop, text).size();
+    const QSizeF natural =
+        metrics.boundingRect(QRectF(0, 0, 1e6, 1e6), Qt::AlignHCenter | Qt::AlignTop, text).size();
     if (fontOut)
         *fontOut = font;
     return layoutFor(QSizeF(size()), natural, m_verticalPosition);

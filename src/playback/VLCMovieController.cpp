@@ -63,9 +63,10 @@ struct VLCMovieController::FrameSink
 namespace {
 
 const libvlc_event_e ObservedEvents[] = {
-    libvlc_MediaPlayerPlaying,       libvlc_MediaPlayerPaused,  libvlc_MediaPlayerStopped,
-    libvlc_MediaPlayerEndReached,    libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESAdded,
-    libvlc_MediaPlayerLengthChanged, libvlc_MediaPlayerVout,
+    libvlc_MediaPlayerPlaying,          libvlc_MediaPlayerPaused,
+    libvlc_MediaPlayerStopped,          libvlc_MediaPlayerEndReached,
+    libvlc_MediaPlayerEncounteredError, libvlc_MediaPlayerESAdded,
+    libvlc_MediaPlayerLengthChanged,    libvlc_MediaPlayerVout,
 };
 
 } // namespace
@@ -76,8 +77,12 @@ VLCMovieController::VLCMovieController(QObject *parent)
 {
     m_sink->controller = this;
     // Subtitle files beside the movie are never loaded: Captora draws the cues.
-    const char *arguments[] = {"--no-sub-autodetect-file", "--no-video-title-show", "--no-stats",
-                               "--no-snapshot-preview", "--no-osd", "--quiet"};
+    const char *arguments[] = {"--no-sub-autodetect-file",
+                               "--no-video-title-show",
+                               "--no-stats",
+                               "--no-snapshot-preview",
+                               "--no-osd",
+                               "--quiet"};
     m_vlc = libvlc_new(int(std::size(arguments)), arguments);
     if (!m_vlc) {
         logLine(u"Error: The fallback movie player could not be started"_s);
@@ -141,8 +146,8 @@ void VLCMovieController::takeFrame()
     if (m_pictureSize.isValid() && !m_pictureSize.isEmpty() && frame.size() != m_pictureSize)
         frame = frame.scaled(m_pictureSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     imageSurface()->setFrame(frame);
-    if (!std::isnan(m_stepTarget) &&
-        double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0 >= m_stepTarget - 0.5 / std::max(m_fps, 25.0))
+    if (!std::isnan(m_stepTarget) && double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0 >=
+                                         m_stepTarget - 0.5 / std::max(m_fps, 25.0))
         endStep();
 }
 
@@ -235,14 +240,16 @@ void VLCMovieController::movieStateChanged(int eventType)
                 if (tracks[i]->i_type != libvlc_track_video || !tracks[i]->video)
                     continue;
                 const libvlc_video_track_t *video = tracks[i]->video;
-                m_aspectRatio = video->i_width && video->i_height ? double(video->i_width) / video->i_height : 1.0;
+                m_aspectRatio =
+                    video->i_width && video->i_height ? double(video->i_width) / video->i_height : 1.0;
                 // Frames are shown at the picture's own size: libVLC may hand them over
                 // scaled to a buffer of another height (320×240 arrives as 320×258).
-                const double sar = video->i_sar_num && video->i_sar_den
-                                       ? double(video->i_sar_num) / video->i_sar_den
-                                       : 1.0;
+                const double sar =
+                    video->i_sar_num && video->i_sar_den ? double(video->i_sar_num) / video->i_sar_den : 1.0;
                 m_pictureSize = QSize(qRound(video->i_width * sar), int(video->i_height));
-                m_fps = video->i_frame_rate_den > 0 ? double(video->i_frame_rate_num) / video->i_frame_rate_den : 0;
+                m_fps = video->i_frame_rate_den > 0
+                            ? double(video->i_frame_rate_num) / video->i_frame_rate_den
+                            : 0;
                 break;
             }
             m_isLoading = false;
@@ -328,6 +335,7 @@ void VLCMovieController::setIsPlaying(bool playing)
     }
     m_isPlaying = playing;
     setPlayButtonState(playing);
+    watchWindow(playing);
     reportChangedPlaying(playing);
 }
 

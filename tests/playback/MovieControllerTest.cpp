@@ -35,7 +35,10 @@ struct LoadedController
         controller.view()->resize(640, 520);
         EXPECT_TRUE(controller.loadMovieURL(path));
     }
-    bool waitLoaded() { return waitFor([this] { return delegate.loaded + delegate.failed > 0; }); }
+    bool waitLoaded()
+    {
+        return waitFor([this] { return delegate.loaded + delegate.failed > 0; });
+    }
     bool waitPlayerAt(double t)
     {
         return waitFor([&] { return std::abs(controller.playerTime() - t) < Frame / 2; });
@@ -47,13 +50,42 @@ QString twoAudioTracksMovie(const TempDir &dir)
 {
     const QString path = dir.path(u"two-audio.mkv"_s);
     QProcess ffmpeg;
-    ffmpeg.start(u"ffmpeg"_s,
-                 {u"-hide_banner"_s, u"-loglevel"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                  u"testsrc=size=160x120:rate=25"_s, u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=frequency=300"_s,
-                  u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=frequency=600"_s, u"-map"_s, u"0"_s, u"-map"_s, u"1"_s,
-                  u"-map"_s, u"2"_s, u"-t"_s, u"1"_s, u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s,
-                  u"-c:a:0"_s, u"aac"_s, u"-c:a:1"_s, u"ac3"_s, u"-metadata:s:a:0"_s, u"language=eng"_s,
-                  u"-metadata:s:a:1"_s, u"language=fre"_s, path});
+    ffmpeg.start(u"ffmpeg"_s, {u"-hide_banner"_s,
+                               u"-loglevel"_s,
+                               u"error"_s,
+                               u"-f"_s,
+                               u"lavfi"_s,
+                               u"-i"_s,
+                               u"testsrc=size=160x120:rate=25"_s,
+                               u"-f"_s,
+                               u"lavfi"_s,
+                               u"-i"_s,
+                               u"sine=frequency=300"_s,
+                               u"-f"_s,
+                               u"lavfi"_s,
+                               u"-i"_s,
+                               u"sine=frequency=600"_s,
+                               u"-map"_s,
+                               u"0"_s,
+                               u"-map"_s,
+                               u"1"_s,
+                               u"-map"_s,
+                               u"2"_s,
+                               u"-t"_s,
+                               u"1"_s,
+                               u"-c:v"_s,
+                               u"libx264"_s,
+                               u"-preset"_s,
+                               u"ultrafast"_s,
+                               u"-c:a:0"_s,
+                               u"aac"_s,
+                               u"-c:a:1"_s,
+                               u"ac3"_s,
+                               u"-metadata:s:a:0"_s,
+                               u"language=eng"_s,
+                               u"-metadata:s:a:1"_s,
+                               u"language=fre"_s,
+                               path});
     if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0)
         ADD_FAILURE() << ffmpeg.readAllStandardError().toStdString();
     return path;
@@ -153,11 +185,26 @@ TEST(MovieController, ASeekWhilePlayingResumesWithoutAPlayReport)
     EXPECT_EQ(player.delegate.playingChanges, (QList<bool>{true, false}));
 }
 
+TEST(MovieController, PlayingToTheEndStopsThereAndReportsIt)
+{
+    LoadedController player;
+    ASSERT_TRUE(player.waitLoaded());
+    player.controller.setCurrentTime(5.7);
+    ASSERT_TRUE(player.waitPlayerAt(5.7));
+    player.controller.setPlaying(true);
+    ASSERT_TRUE(waitFor([&] { return !player.controller.isPlaying(); }));
+    EXPECT_EQ(player.delegate.playingChanges, (QList<bool>{true, false}));
+    EXPECT_NEAR(player.controller.currentTime(), player.controller.duration(), 2 * Frame);
+    // The movie stays open: seeking back still works.
+    player.controller.setCurrentTime(1.0);
+    EXPECT_TRUE(player.waitPlayerAt(1.0)) << player.controller.playerTime();
+}
+
 TEST(MovieController, ASoftwareFrameShowsTheCueOfTheTime)
 {
     LoadedController player;
-    player.controller.setSubtitles({VHSubtitle::create(u"First"_s, 0.5, 1.5),
-                                    VHSubtitle::create(u"MMMMMMMM"_s, 3.4, 3.7)});
+    player.controller.setSubtitles(
+        {VHSubtitle::create(u"First"_s, 0.5, 1.5), VHSubtitle::create(u"MMMMMMMM"_s, 3.4, 3.7)});
     player.controller.view()->show();
     ASSERT_TRUE(player.waitLoaded());
     player.controller.setCurrentTime(3.52);

@@ -41,6 +41,9 @@ public:
 
     void movieControllerDidLoadMovie(PlaybackControl *) override { ++loaded; }
     void movieControllerFaildLoading(PlaybackControl *) override { ++failed; }
-    void movieControllerChangedPlaying(PlaybackControl *, bool playing) override { playingChanges << playing; }
+    void movieControllerChangedPlaying(PlaybackControl *, bool playing) override
+    {
+        playingChanges << playing;
+    }
     void movieControllerChangedTime(PlaybackControl *, double seconds) override { times << seconds; }
 };

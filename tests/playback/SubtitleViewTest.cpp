@@ -61,13 +61,12 @@ TEST(SubtitleViewSearch, FindsTheCueCoveringTheTimeAndStopsWhereItWalked)
     };
     // One walk over the list, each step starting where the previous one stopped.
     const Step steps[] = {
-        {0.5, -1, 0}, // before the first cue: back at index 0, nothing shown
-        {1.0, 0, 0},  // a start is inside its cue
-        {2.0, 0, 0},  // and so is an end
-        {2.5, -1, 1}, // between cues: the walk ends on the next one
-        {4.0, 1, 1},  {6.0, 2, 2},
-        {9.0, -1, 2}, // after the last cue: stays on the last index
-        {3.5, 1, 1},  // walking back
+        {0.5, -1, 0},                            // before the first cue: back at index 0, nothing shown
+        {1.0, 0, 0},                             // a start is inside its cue
+        {2.0, 0, 0},                             // and so is an end
+        {2.5, -1, 1},                            // between cues: the walk ends on the next one
+        {4.0, 1, 1},  {6.0, 2, 2}, {9.0, -1, 2}, // after the last cue: stays on the last index
+        {3.5, 1, 1},                             // walking back
         {0.0, -1, 0},
     };
     for (const Step &step : steps) {
@@ -174,8 +173,8 @@ TEST(SubtitleViewLayout, FontAndMarginFollowTheWidthOnly)
     {
         double width, height, font, margin;
     };
-    const Row rows[] = {{300, 200, 6, 6},   {1200, 200, 24, 24}, {600, 50, 12, 12},
-                        {100, 900, 6, 6},   {625, 400, 12.5, 13}, {575, 400, 11.5, 12}};
+    const Row rows[] = {{300, 200, 6, 6}, {1200, 200, 24, 24},  {600, 50, 12, 12},
+                        {100, 900, 6, 6}, {625, 400, 12.5, 13}, {575, 400, 11.5, 12}};
     for (const Row &row : rows) {
         const auto layout = VHSubtitleView::layoutFor({row.width, row.height}, {50, 20}, 0);
         EXPECT_DOUBLE_EQ(layout.fontSize, row.font) << row.width;
