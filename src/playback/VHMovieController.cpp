@@ -1,17 +1,14 @@
 // The libmpv player: loading, readiness, precise seeking, the playing flag, tracks.
 #include "VHMovieController.h"
 
-#include "LocaleNames.h"
 #include "Log.h"
 #include "MpvGLSurface.h"
-#include "Prompter.h"
 #include "VHSubtitleView.h"
 #include "VideoSurface.h"
 
 #include <QEvent>
 #include <QFile>
 #include <QGuiApplication>
-#include <QLocale>
 #include <QOpenGLContext>
 
 #include <mpv/client.h>
@@ -33,61 +30,6 @@ void VHMovieController::RenderDeleter::operator()(mpv_render_context *context) c
     mpv_render_context_free(context);
 }
 
-namespace {
-
-// The value of `key` in an mpv map node, or null.
-const mpv_node *mapValue(const mpv_node &map, const char *key)
-{
-    if (map.format != MPV_FORMAT_NODE_MAP)
-        return nullptr;
-    for (int i = 0; i < map.u.list->num; ++i) {
-        if (qstrcmp(map.u.list->keys[i], key) == 0)
-            return &map.u.list->values[i];
-    }
-    return nullptr;
-}
-
-QString nodeString(const mpv_node &map, const char *key)
-{
-    const mpv_node *value = mapValue(map, key);
-    return value && value->format == MPV_FORMAT_STRING ? QString::fromUtf8(value->u.string) : QString();
-}
-
-double nodeNumber(const mpv_node &map, const char *key)
-{
-    const mpv_node *value = mapValue(map, key);
-    if (!value)
-        return 0;
-    if (value->format == MPV_FORMAT_DOUBLE)
-        return value->u.double_;
-    if (value->format == MPV_FORMAT_INT64)
-        return double(value->u.int64);
-    return 0;
-}
-
-bool nodeFlag(const mpv_node &map, const char *key)
-{
-    const mpv_node *value = mapValue(map, key);
-    return value && value->format == MPV_FORMAT_FLAG && value->u.flag;
-}
-
-// The menu's name of a track's language: its display name in the interface language.
-QString languageName(const QString &lang)
-{
-    if (lang.isEmpty())
-        return {};
-    QString name = LocaleNames::displayName(lang);
-    if (name.isEmpty()) {
-        // Three-letter codes ("eng") become the two-letter ones ICU names.
-        const QLocale::Language language = QLocale::codeToLanguage(lang);
-        if (language != QLocale::AnyLanguage)
-            name = LocaleNames::displayName(QLocale::languageToCode(language, QLocale::ISO639Part1));
-    }
-    return name.isEmpty() ? lang : name;
-}
-
-} // namespace
-
 VHMovieController::VHMovieController(QObject *parent)
     : VHMovieController(Backend::Mpv, parent)
 {}
@@ -102,24 +44,15 @@ VHMovieController::VHMovieController(Backend backend, QObject *parent)
             if (m_loadPending)
                 issueLoad();
         });
+        // Queued: the surface is replaced, which cannot happen inside its own GL set-up.
+        connect(m_glSurface, &MpvGLSurface::renderContextFailed, this,
+                &VHMovieController::switchToSoftwareVideo, Qt::QueuedConnection);
         surface = m_glSurface;
     } else {
         m_imageSurface = new ImageVideoSurface;
         surface = m_imageSurface;
-        if (m_mpv) {
-            mpv_render_param params[] = {
-                {MPV_RENDER_PARAM_API_TYPE, const_cast<char *>(MPV_RENDER_API_TYPE_SW)},
-                {MPV_RENDER_PARAM_INVALID, nullptr},
-            };
-            mpv_render_context *context = nullptr;
-            if (mpv_render_context_create(&context, m_mpv.get(), params) >= 0) {
-                m_softwareRender.reset(context);
-                mpv_render_context_set_update_callback(context, &VHMovieController::softwareRenderUpdate,
-                                                       this);
-            } else {
-                logLine(u"Error: The video renderer could not be started"_s);
-            }
-        }
+        if (m_mpv)
+            startSoftwareRender();
     }
     buildView(surface);
     if (m_imageSurface)
@@ -137,6 +70,36 @@ VHMovieController::~VHMovieController()
     delete m_view;
     m_softwareRender.reset();
     m_mpv.reset();
+}
+
+void VHMovieController::startSoftwareRender()
+{
+    mpv_render_param params[] = {
+        {MPV_RENDER_PARAM_API_TYPE, const_cast<char *>(MPV_RENDER_API_TYPE_SW)},
+        {MPV_RENDER_PARAM_INVALID, nullptr},
+    };
+    mpv_render_context *context = nullptr;
+    if (mpv_render_context_create(&context, m_mpv.get(), params) < 0) {
+        logLine(u"Error: The video renderer could not be started"_s);
+        return;
+    }
+    m_softwareRender.reset(context);
+    mpv_render_context_set_update_callback(context, &VHMovieController::softwareRenderUpdate, this);
+}
+
+void VHMovieController::switchToSoftwareVideo()
+{
+    if (!m_glSurface)
+        return;
+    auto *image = new ImageVideoSurface;
+    m_movieArea->setSurface(image);
+    m_glSurface->deleteLater();
+    m_glSurface = nullptr;
+    m_imageSurface = image;
+    m_imageSurface->installEventFilter(this);
+    startSoftwareRender();
+    if (m_loadPending)
+        issueLoad();
 }
 
 bool VHMovieController::openGLAvailable()
@@ -434,106 +397,6 @@ void VHMovieController::movieBecameReady()
     m_waitingForReady = false;
     setCurrentTime(m_targetTime);
     reportLoaded();
-}
-
-void VHMovieController::readTrackList(const mpv_node &list)
-{
-    if (list.format != MPV_FORMAT_NODE_ARRAY)
-        return;
-    m_tracks.clear();
-    double largestFps = 0;
-    for (int i = 0; i < list.u.list->num; ++i) {
-        const mpv_node &entry = list.u.list->values[i];
-        Track track;
-        track.id = qint64(nodeNumber(entry, "id"));
-        track.type = nodeString(entry, "type");
-        track.lang = nodeString(entry, "lang");
-        track.title = nodeString(entry, "title");
-        track.codec = nodeString(entry, "codec");
-        track.selected = nodeFlag(entry, "selected");
-        track.albumArt = nodeFlag(entry, "albumart");
-        track.width = int(nodeNumber(entry, "demux-w"));
-        track.height = int(nodeNumber(entry, "demux-h"));
-        track.fps = nodeNumber(entry, "demux-fps");
-        if (track.type == u"video"_s && !track.albumArt)
-            largestFps = std::max(largestFps, track.fps);
-        m_tracks << track;
-    }
-    // The largest nominal rate among the video tracks.
-    if (largestFps > 0)
-        m_fps = largestFps;
-}
-
-double VHMovieController::aspectRatio() const
-{
-    for (auto it = m_tracks.crbegin(); it != m_tracks.crend(); ++it) {
-        if (it->type == u"video"_s && !it->albumArt)
-            return it->height > 0 ? double(it->width) / it->height : 0;
-    }
-    return 0;
-}
-
-QList<VHMovieController::Track> VHMovieController::audioTracks() const
-{
-    QList<Track> audio;
-    for (const Track &track : m_tracks) {
-        if (track.type == u"audio"_s)
-            audio << track;
-    }
-    return audio;
-}
-
-QList<AudioTrackItem> VHMovieController::audioMenuItems() const
-{
-    QList<AudioTrackItem> items;
-    const QList<Track> audio = audioTracks();
-    const int current = audioTrack();
-    for (qsizetype i = 0; i < audio.size(); ++i) {
-        QString name = languageName(audio[i].lang);
-        if (name.isEmpty())
-            name = audio[i].title.isEmpty() ? tr("Track %1").arg(i + 1) : audio[i].title;
-        const QString type = audioTypeForCode(audioCodeForCodecName(audio[i].codec));
-        items << AudioTrackItem{u"%1\t\t%2"_s.arg(name, type), int(i), i == current};
-    }
-    return items;
-}
-
-int VHMovieController::audioTrack() const
-{
-    const QList<Track> audio = audioTracks();
-    for (qsizetype i = 0; i < audio.size(); ++i) {
-        if (audio[i].selected)
-            return int(i);
-    }
-    return 0;
-}
-
-void VHMovieController::setAudioTrack(int index)
-{
-    const QList<Track> audio = audioTracks();
-    if (audio.isEmpty())
-        return;
-    // The menu passes only indexes of its items; anything else addresses no track.
-    if (index < 0 || index >= audio.size()) {
-        logLine(u"Error: There is no audio track %1"_s.arg(index));
-        return;
-    }
-    const Track &track = audio[index];
-    if (!isSaveAudioCode(audioCodeForCodecName(track.codec))) {
-        Prompt prompt;
-        prompt.message = u"The audio track you selected may not play on your system or even make the app "
-                         u"crash. \nDo you want to continue?"_s;
-        prompt.buttons = {u"Use Unsafe Audio Track"_s, u"Cancel"_s};
-        if (Prompter::shared().ask(prompt).button != 0)
-            return;
-    }
-    qint64 id = track.id;
-    mpv_set_property(m_mpv.get(), "aid", MPV_FORMAT_INT64, &id);
-    // The track list reports the choice later; the menu shows it at once.
-    for (Track &t : m_tracks) {
-        if (t.type == u"audio"_s)
-            t.selected = t.id == id;
-    }
 }
 
 void VHMovieController::renderSoftwareFrame()

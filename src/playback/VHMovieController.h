@@ -52,6 +52,10 @@ public:
     explicit VHMovieController(QObject *parent = nullptr);
     ~VHMovieController() override;
 
+    // The controller of a kind, for the project's PlaybackControlFactory: 1 libmpv
+    // (VHMovieController), 2 libVLC (VLCMovieController), anything else none.
+    static VHMovieController *controllerOfKind(int kind, QObject *parent = nullptr);
+
     // --- PlaybackControl ---------------------------------------------------------------
     int kind() const override { return 1; }
     bool hasMovie() const override { return !m_movie.isEmpty(); }
@@ -204,6 +208,9 @@ private:
     static void wakeup(void *controller);
     static void softwareRenderUpdate(void *controller);
     bool createPlayer();
+    void startSoftwareRender();
+    // The OpenGL render context could not be made: draw in software instead.
+    void switchToSoftwareVideo();
     void issueLoad();
     Q_INVOKABLE void drainMpvEvents();
     Q_INVOKABLE void renderSoftwareFrame();

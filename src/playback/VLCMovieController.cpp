@@ -71,6 +71,15 @@ const libvlc_event_e ObservedEvents[] = {
 
 } // namespace
 
+VHMovieController *VHMovieController::controllerOfKind(int kind, QObject *parent)
+{
+    if (kind == 1)
+        return new VHMovieController(parent);
+    if (kind == 2)
+        return new VLCMovieController(parent);
+    return nullptr;
+}
+
 VLCMovieController::VLCMovieController(QObject *parent)
     : VHMovieController(Backend::Images, parent)
     , m_sink(std::make_unique<FrameSink>())

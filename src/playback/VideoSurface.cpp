@@ -65,6 +65,16 @@ MovieArea::MovieArea(QWidget *surface, VHSubtitleView *overlay, QWidget *parent)
     setMinimumSize(160, 90);
 }
 
+void MovieArea::setSurface(QWidget *surface)
+{
+    m_surface->hide();
+    m_surface = surface;
+    m_surface->setParent(this);
+    m_surface->setGeometry(rect());
+    m_surface->show();
+    m_overlay->raise();
+}
+
 void MovieArea::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);

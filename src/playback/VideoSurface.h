@@ -39,6 +39,8 @@ public:
     MovieArea(QWidget *surface, VHSubtitleView *overlay, QWidget *parent = nullptr);
 
     QWidget *surface() const { return m_surface; }
+    // Replaces the video surface (the old one is left to its owner to delete).
+    void setSurface(QWidget *surface);
     VHSubtitleView *overlay() const { return m_overlay; }
     QSize sizeHint() const override { return {640, 360}; }
 

@@ -310,3 +310,17 @@ TEST(VLCMovieController, PassesTimesThroughAndWarnsOfAnUnknownRate)
     EXPECT_EQ(controller.currentTime(), 100);
     EXPECT_EQ(controller.timeWhenPaused(), 100);
 }
+
+TEST(MovieController, TheFactoryMakesThePlayerOfEachKind)
+{
+    for (int kind : {0, 1, 2, 3}) {
+        std::unique_ptr<VHMovieController> controller(VHMovieController::controllerOfKind(kind));
+        if (kind == 1 || kind == 2) {
+            ASSERT_TRUE(controller) << kind;
+            EXPECT_EQ(controller->kind(), kind);
+            EXPECT_EQ(dynamic_cast<VLCMovieController *>(controller.get()) != nullptr, kind == 2);
+        } else {
+            EXPECT_FALSE(controller) << kind;
+        }
+    }
+}
