@@ -10,7 +10,7 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
+#include <QShortcut>
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
@@ -51,6 +51,10 @@ void VHMovieController::buildView(QWidget *surface)
             m_controlBar->setVisible(!m_controlBar->isVisible());
     });
     connect(&m_scruberTimer, &QTimer::timeout, this, [this] { updateScrobberTimed(); });
+    // Escape leaves full screen, wherever the focus is inside the view.
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), m_view, this, &VHMovieController::cancelFullscreen,
+                                 Qt::WidgetWithChildrenShortcut);
+    Q_UNUSED(escape);
 }
 
 void VHMovieController::buildControlBar()
@@ -263,11 +267,6 @@ bool VHMovieController::eventFilter(QObject *watched, QEvent *event)
             m_controlBar->show();
         else if (event->type() == QEvent::HoverLeave && m_autoShowControls)
             m_controlBar->hide();
-        else if (event->type() == QEvent::KeyPress && m_fullscreen &&
-                 static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
-            cancelFullscreen();
-            return true;
-        }
     }
     return QObject::eventFilter(watched, event);
 }

@@ -232,7 +232,8 @@ TEST(MovieController, UnsafeAudioTracksNeedConfirmation)
     LoadedController player(twoAudioTracksMovie(dir));
     ASSERT_TRUE(player.waitLoaded());
     ASSERT_EQ(player.controller.audioMenuItems().size(), 2);
-    EXPECT_TRUE(player.controller.audioMenuItems()[1].title.endsWith(u"\t\tAC3"_s));
+    EXPECT_EQ(player.controller.audioMenuItems()[0].title, u"English\t\tAAC"_s);
+    EXPECT_EQ(player.controller.audioMenuItems()[1].title, u"French\t\tAC3"_s);
 
     ScriptedPrompter prompter;
     ScopedPrompter scope(&prompter);
