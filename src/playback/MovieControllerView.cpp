@@ -10,10 +10,10 @@
 #include <QBoxLayout>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QShortcut>
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
+#include <QShortcut>
 #include <QSlider>
 #include <QStyle>
 #include <QToolButton>
@@ -52,8 +52,8 @@ void VHMovieController::buildView(QWidget *surface)
     });
     connect(&m_scruberTimer, &QTimer::timeout, this, [this] { updateScrobberTimed(); });
     // Escape leaves full screen, wherever the focus is inside the view.
-    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), m_view, this, &VHMovieController::cancelFullscreen,
-                                 Qt::WidgetWithChildrenShortcut);
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), m_view, this,
+                                 &VHMovieController::cancelFullscreen, Qt::WidgetWithChildrenShortcut);
     Q_UNUSED(escape);
 }
 

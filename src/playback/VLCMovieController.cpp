@@ -271,6 +271,13 @@ void VLCMovieController::movieStateChanged(int eventType)
         if (tracks)
             libvlc_media_tracks_release(tracks, count);
     }
+    // Still loading when the input ended: libVLC found nothing it could play in the file
+    // (it reads unknown bytes to their end rather than failing).
+    if (m_isLoading && eventType == libvlc_MediaPlayerEndReached) {
+        m_isLoading = false;
+        reportFailedLoading();
+        return;
+    }
     // Playing onto a frame (also while loading) is not a change of the playing flag.
     if (m_isLoading || !std::isnan(m_stepTarget))
         return;

@@ -329,3 +329,14 @@ TEST(MovieController, TheFactoryMakesThePlayerOfEachKind)
         }
     }
 }
+
+TEST(VLCMovieController, AFileNeitherPlayerOpensReportsFailedLoading)
+{
+    RecordingDelegate delegate;
+    VLCMovieController controller;
+    controller.setDelegate(&delegate);
+    ASSERT_TRUE(controller.loadMovieURL(brokenMovie()));
+    ASSERT_TRUE(waitFor([&] { return delegate.loaded + delegate.failed > 0; }));
+    EXPECT_EQ(delegate.failed, 1);
+    EXPECT_EQ(delegate.loaded, 0);
+}
