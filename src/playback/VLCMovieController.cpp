@@ -208,6 +208,7 @@ void VLCMovieController::stepToFrameAt(double seconds)
 {
     m_stepTarget = seconds;
     m_holdFrame = false;
+    m_pausingAfterStep = false;
     libvlc_audio_set_mute(m_vlcPlayer, 1);
     libvlc_media_player_play(m_vlcPlayer);
 }
@@ -218,6 +219,7 @@ void VLCMovieController::endStep()
         return;
     m_stepTarget = NAN;
     m_holdFrame = true;
+    m_pausingAfterStep = true;
     libvlc_media_player_set_pause(m_vlcPlayer, 1);
     libvlc_audio_set_mute(m_vlcPlayer, 0);
 }
@@ -270,6 +272,13 @@ void VLCMovieController::movieStateChanged(int eventType)
             libvlc_track_description_list_release(names);
         if (tracks)
             libvlc_media_tracks_release(tracks, count);
+    }
+    // Until the pause that ends playing onto a frame holds, the player still says it plays.
+    if (m_pausingAfterStep) {
+        if (eventType != libvlc_MediaPlayerPaused && eventType != libvlc_MediaPlayerStopped &&
+            eventType != libvlc_MediaPlayerEndReached && eventType != libvlc_MediaPlayerEncounteredError)
+            return;
+        m_pausingAfterStep = false;
     }
     // Still loading when the input ended: libVLC found nothing it could play in the file
     // (it reads unknown bytes to their end rather than failing).
@@ -389,6 +398,7 @@ void VLCMovieController::togglePlayPause()
     // Playing takes over from playing onto a frame.
     m_stepTarget = NAN;
     m_holdFrame = false;
+    m_pausingAfterStep = false;
     libvlc_audio_set_mute(m_vlcPlayer, 0);
     if (m_isPlaying) {
         libvlc_media_player_set_pause(m_vlcPlayer, 1);

@@ -81,4 +81,5 @@ private:
     // While playing onto a frame: the time of the frame to pause on (NaN otherwise).
     double m_stepTarget = NAN;
     bool m_holdFrame = false;
+    bool m_pausingAfterStep = false;
 };

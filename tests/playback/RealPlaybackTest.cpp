@@ -134,4 +134,16 @@ TEST(RealPlayback, VLCSeeksToAFrameAndTheOverlayShowsItsCue)
     EXPECT_FALSE(controller.isPlaying());
     // libVLC gives no time stamps with its frames; it stops on a neighbour at worst.
     expectCueOverPicture(controller, 1);
+
+    // Showing the first frame and the seek played muted: no change of the playing state.
+    EXPECT_TRUE(window.delegate.playingChanges.isEmpty());
+    controller.setPlaying(true);
+    ASSERT_TRUE(waitFor([&] { return controller.isPlaying(); }));
+    ASSERT_TRUE(waitFor([&] { return controller.currentTime() > 3.8; }));
+    controller.setPlaying(false);
+    ASSERT_TRUE(waitFor([&] { return !controller.isPlaying(); }));
+    EXPECT_EQ(window.delegate.playingChanges, (QList<bool>{true, false}));
+    // Paused, the time is the one reached when it stopped.
+    EXPECT_NEAR(controller.currentTime(), controller.playerTime(), 2 * Frame);
+    EXPECT_GT(controller.currentTime(), 3.8);
 }
