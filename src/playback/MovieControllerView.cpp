@@ -44,12 +44,7 @@ void VHMovieController::buildView(QWidget *surface)
     buildControlBar();
     layout->addWidget(m_controlBar);
     m_view->installEventFilter(this);
-    m_movieArea->installEventFilter(this);
-    connect(m_movieArea, &MovieArea::clicked, this, [this] {
-        // Without hover, a click on the movie shows or hides the controls.
-        if (!m_autoShowControls)
-            m_controlBar->setVisible(!m_controlBar->isVisible());
-    });
+    connect(m_movieArea, &MovieArea::clicked, this, &VHMovieController::movieClicked);
     connect(&m_scruberTimer, &QTimer::timeout, this, [this] { updateScrobberTimed(); });
     // Escape leaves full screen, wherever the focus is inside the view.
     auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), m_view, this,

@@ -135,6 +135,8 @@ Q_SIGNALS:
     // A seek the controller issued has completed and its frame is on its way.
     void seekFinished();
     void fullscreenChanged(bool fullscreen);
+    // A click on the movie picture.
+    void movieClicked();
     // The overlay's cue changed (null: none shown).
     void subtitleChanged(const SubtitlePtr &cue);
 
