@@ -340,3 +340,25 @@ TEST(VLCMovieController, AFileNeitherPlayerOpensReportsFailedLoading)
     EXPECT_EQ(delegate.failed, 1);
     EXPECT_EQ(delegate.loaded, 0);
 }
+
+TEST(MovieController, ReplacingAndUnloadingTheMovie)
+{
+    TempDir dir;
+    LoadedController player;
+    ASSERT_TRUE(player.waitLoaded());
+    player.controller.setPlaying(true);
+    ASSERT_TRUE(player.controller.loadMovieURL(twoAudioTracksMovie(dir)));
+    EXPECT_FALSE(player.controller.isPlaying()); // a new movie starts paused
+    ASSERT_TRUE(waitFor([&] { return player.delegate.loaded == 2; }));
+    EXPECT_EQ(player.delegate.failed, 0);
+    EXPECT_NEAR(player.controller.duration(), 1.0, 0.1);
+    EXPECT_DOUBLE_EQ(player.controller.aspectRatio(), 160.0 / 120.0);
+
+    player.controller.unloadMovie();
+    EXPECT_FALSE(player.controller.hasMovie());
+    EXPECT_FALSE(player.controller.isPlaying());
+    EXPECT_EQ(player.controller.duration(), 0);
+    EXPECT_TRUE(std::isnan(player.controller.playerTime()));
+    waitFor([] { return false; }, 200);
+    EXPECT_EQ(player.delegate.failed, 0); // stopping is not a failure
+}
