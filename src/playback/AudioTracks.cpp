@@ -132,7 +132,7 @@ QString VHMovieController::audioCodeForCodecName(const QString &codecName)
 
 void VHMovieController::readTrackList(const mpv_node &list)
 {
-    if (list.format != MPV_FORMAT_NODE_ARRAY)
+    if (list.format != MPV_FORMAT_NODE_ARRAY || (m_reopening && list.u.list->num == 0))
         return;
     m_tracks.clear();
     double largestFps = 0;

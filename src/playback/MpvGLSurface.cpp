@@ -32,16 +32,34 @@ MpvGLSurface::MpvGLSurface(mpv_handle *mpv, QWidget *parent)
 
 MpvGLSurface::~MpvGLSurface()
 {
-    if (m_context) {
-        makeCurrent();
-        mpv_render_context_set_update_callback(m_context, nullptr, nullptr);
-        mpv_render_context_free(m_context);
-        doneCurrent();
-    }
+    releaseRenderContext();
+}
+
+void MpvGLSurface::releaseRenderContext()
+{
+    if (!m_context)
+        return;
+    makeCurrent();
+    mpv_render_context_set_update_callback(m_context, nullptr, nullptr);
+    mpv_render_context_free(m_context);
+    m_context = nullptr;
+    doneCurrent();
+}
+
+void MpvGLSurface::contextAboutToBeDestroyed()
+{
+    if (!m_context)
+        return;
+    releaseRenderContext();
+    Q_EMIT renderContextLost();
 }
 
 void MpvGLSurface::initializeGL()
 {
+    // Moving the widget to another top-level window (full screen) replaces its GL context:
+    // mpv's GL resources go with the old one, and a new render context is made here.
+    connect(context(), &QOpenGLContext::aboutToBeDestroyed, this, &MpvGLSurface::contextAboutToBeDestroyed,
+            Qt::DirectConnection);
     if (m_context)
         return;
     mpv_opengl_init_params glInit{&procAddress, nullptr};

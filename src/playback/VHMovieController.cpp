@@ -44,6 +44,9 @@ VHMovieController::VHMovieController(Backend backend, QObject *parent)
             if (m_loadPending)
                 issueLoad();
         });
+        // Without shared GL contexts, moving the view to another window (full screen) takes
+        // its render context away, and mpv ends the movie: open it again where it was.
+        connect(m_glSurface, &MpvGLSurface::renderContextLost, this, &VHMovieController::reopenMovie);
         // Queued: the surface is replaced, which cannot happen inside its own GL set-up.
         connect(m_glSurface, &MpvGLSurface::renderContextFailed, this,
                 &VHMovieController::switchToSoftwareVideo, Qt::QueuedConnection);
@@ -161,6 +164,9 @@ bool VHMovieController::createPlayer()
     mpv_observe_property(mpv, 0, "container-fps", MPV_FORMAT_DOUBLE);
     mpv_observe_property(mpv, 0, "estimated-vf-fps", MPV_FORMAT_DOUBLE);
     mpv_set_wakeup_callback(mpv, &VHMovieController::wakeup, this);
+    // mpv's own diagnostics only on request, e.g. CAPTORA_MPV_LOG=v.
+    if (const QByteArray level = qgetenv("CAPTORA_MPV_LOG"); !level.isEmpty())
+        mpv_request_log_messages(mpv, level.constData());
     return true;
 }
 
@@ -180,6 +186,7 @@ void VHMovieController::setMovie(const QString &path)
     m_movie = m_mpv ? path : QString();
     m_wasPlaying = false;
     m_loadPending = false;
+    m_reopening = false;
     if (!m_movie.isEmpty()) {
         m_fps = 0;
         m_duration = 0;
@@ -202,6 +209,17 @@ void VHMovieController::setMovie(const QString &path)
             m_imageSurface->clearFrame();
     }
     setIsPlaying(false);
+}
+
+void VHMovieController::reopenMovie()
+{
+    if (!hasMovie() || m_waitingForReady || m_loadPending)
+        return;
+    m_reopening = true;
+    m_reopenPlaying = m_isPlaying;
+    m_loadPending = !m_glSurface->hasRenderContext();
+    if (!m_loadPending)
+        issueLoad();
 }
 
 void VHMovieController::issueLoad()
@@ -332,6 +350,12 @@ void VHMovieController::drainMpvEvents()
             handlePropertyChange(property->name, property->format, property->data);
             break;
         }
+        case MPV_EVENT_LOG_MESSAGE: {
+            const auto *message = static_cast<mpv_event_log_message *>(event->data);
+            logLine(u"mpv [%1] %2"_s.arg(QString::fromUtf8(message->prefix),
+                                         QString::fromUtf8(message->text).trimmed()));
+            break;
+        }
         case MPV_EVENT_START_FILE:
             m_entryId = static_cast<mpv_event_start_file *>(event->data)->playlist_entry_id;
             break;
@@ -363,7 +387,9 @@ void VHMovieController::handlePropertyChange(const char *name, int format, void 
     if (key == "time-pos") {
         m_playerTime = isDouble ? *static_cast<double *>(data) : NAN;
     } else if (key == "duration") {
-        m_duration = isDouble ? *static_cast<double *>(data) : 0;
+        // Kept while mpv has no file (a reopen); unloading resets it.
+        if (isDouble)
+            m_duration = *static_cast<double *>(data);
     } else if (key == "pause" && format == MPV_FORMAT_FLAG) {
         setPlayRate(*static_cast<int *>(data) ? 0 : 1);
     } else if (key == "eof-reached" && format == MPV_FORMAT_FLAG) {
@@ -379,6 +405,16 @@ void VHMovieController::handlePropertyChange(const char *name, int format, void 
 
 void VHMovieController::movieBecameReady()
 {
+    if (m_reopening) {
+        // Back where it was, as it was; the project saw no change.
+        m_reopening = false;
+        const QByteArray target = QByteArray::number(m_currentTime, 'f', 6);
+        const char *seek[] = {"seek", target.constData(), "absolute+exact", nullptr};
+        mpv_command_async(m_mpv.get(), 0, seek);
+        int paused = m_reopenPlaying ? 0 : 1;
+        mpv_set_property(m_mpv.get(), "pause", MPV_FORMAT_FLAG, &paused);
+        return;
+    }
     if (!m_waitingForReady)
         return;
     double length = 0;

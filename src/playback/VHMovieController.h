@@ -35,9 +35,12 @@ struct mpv_render_context;
 // display, and with its software renderer into an image when the Qt platform is "offscreen",
 // when OpenGL is unavailable, or when CAPTORA_SOFTWARE_VIDEO is set in the environment.
 //
-// Requirement on main(): libmpv refuses to start unless LC_NUMERIC is "C". Call
+// Requirements on main(): libmpv refuses to start unless LC_NUMERIC is "C". Call
 // setlocale(LC_NUMERIC, "C") after the QApplication exists (Qt sets the locale from the
-// environment when the application object is made).
+// environment when the application object is made). Set Qt::AA_ShareOpenGLContexts before
+// creating the QApplication, so that the video keeps its GL context when the view moves to
+// a full-screen window of its own; without it the player reopens the movie at the same time
+// (a short interruption). CAPTORA_MPV_LOG=<level> (e.g. "v") logs mpv's own messages.
 //
 // Threading: everything runs on the main thread. mpv's wakeup and render-update callbacks
 // only post a queued call to this object, which then drains mpv's events.
@@ -214,6 +217,7 @@ private:
     // The OpenGL render context could not be made: draw in software instead.
     void switchToSoftwareVideo();
     void issueLoad();
+    void reopenMovie();
     Q_INVOKABLE void drainMpvEvents();
     Q_INVOKABLE void renderSoftwareFrame();
     void handlePropertyChange(const char *name, int format, void *data);
@@ -229,6 +233,8 @@ private:
     std::atomic<bool> m_drainPosted{false};
     bool m_loadPending = false;
     bool m_forceRender = false;
+    bool m_reopening = false;
+    bool m_reopenPlaying = false;
     qint64 m_entryId = -1;
     double m_duration = 0;
     double m_playerTime = NAN;

@@ -14,6 +14,10 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", CAPTORA_DEFAULT_QPA);
 #endif
+    // As the program starts: the movie view keeps its GL context when it moves to a window
+    // of its own (full screen). One run leaves it out to check the player copes without.
+    if (qEnvironmentVariableIsEmpty("CAPTORA_TEST_UNSHARED_GL"))
+        QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     // libmpv needs the C number format, which QApplication has just replaced.
     std::setlocale(LC_NUMERIC, "C");

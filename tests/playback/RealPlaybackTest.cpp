@@ -103,6 +103,31 @@ TEST(RealPlayback, MpvSeeksToAFrameAndTheOverlayShowsItsCue)
     expectCueOverPicture(controller, 0);
 }
 
+TEST(RealPlayback, MpvKeepsShowingVideoThroughFullScreen)
+{
+    VHMovieController controller;
+    Window window(controller);
+    ASSERT_TRUE(controller.loadMovieURL(testMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    const auto showsPicture = [&] {
+        const QImage frame = controller.grabFrame();
+        const QRgb middle = frame.pixel(frame.width() / 2, frame.height() / 3);
+        return qRed(middle) + qGreen(middle) + qBlue(middle) > 60;
+    };
+    controller.setCurrentTime(2.0);
+    ASSERT_TRUE(waitFor(showsPicture));
+    // Full screen moves the view into a window of its own, which gets a new GL context.
+    controller.toggleFullscreen();
+    ASSERT_TRUE(controller.view()->isWindow());
+    controller.setCurrentTime(2.4);
+    EXPECT_TRUE(waitFor(showsPicture, 5000));
+    EXPECT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - 2.4) < Frame / 2; }));
+    controller.cancelFullscreen();
+    controller.setCurrentTime(2.8);
+    EXPECT_TRUE(waitFor(showsPicture, 5000));
+    EXPECT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - 2.8) < Frame / 2; }));
+}
+
 TEST(RealPlayback, MpvReportsAFileItCannotOpen)
 {
     VHMovieController controller;
