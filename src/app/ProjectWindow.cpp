@@ -3,7 +3,7 @@
 #include "CTFixButton.h"
 #include "CueTableModel.h"
 #include "Log.h"
-#include "MovieArea.h"
+#include "MoviePlaceholder.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QApplication>
@@ -110,7 +110,7 @@ QWidget *ProjectWindow::buildMovieSide()
     auto *side = new QWidget(this);
     auto *layout = new QVBoxLayout(side);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_movieArea = new MovieArea(side);
+    m_movieArea = new MoviePlaceholder(side);
     layout->addWidget(m_movieArea, 1);
 
     auto *bar = new QHBoxLayout;

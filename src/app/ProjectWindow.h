@@ -14,7 +14,7 @@
 
 class CTFixButton;
 class CueTableModel;
-class MovieArea;
+class MoviePlaceholder;
 class QAction;
 class QCheckBox;
 class QDialog;
@@ -83,7 +83,7 @@ public:
     QPushButton *playButton() const { return m_playButton; }
     QToolButton *languageButton() const { return m_languageButton; }
     QMenu *audioMenu() const { return m_audioMenu; }
-    MovieArea *movieArea() const { return m_movieArea; }
+    MoviePlaceholder *movieArea() const { return m_movieArea; }
     QSlider *scrubber() const { return m_scrubber; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
     double fixBackgroundDuration() const { return m_fixBackgroundDuration; }
@@ -158,7 +158,7 @@ private:
     bool m_terminating = false;
     bool m_scrubbing = false;
 
-    MovieArea *m_movieArea = nullptr;
+    MoviePlaceholder *m_movieArea = nullptr;
     QPushButton *m_playButton = nullptr;
     QSlider *m_scrubber = nullptr;
     QLabel *m_timeLabel = nullptr;

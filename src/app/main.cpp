@@ -17,6 +17,9 @@ using namespace Qt::StringLiterals;
 // as if dropped on it.
 int main(int argc, char **argv)
 {
+    // The libmpv picture keeps its GL context when the movie view moves to a full-screen
+    // window of its own.
+    QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"Captora"_s);
     QApplication::setOrganizationName(u"Captora"_s);

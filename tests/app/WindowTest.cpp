@@ -4,7 +4,7 @@
 #include "LocaleNames.h"
 #include "Log.h"
 #include "MainQueue.h"
-#include "MovieArea.h"
+#include "MoviePlaceholder.h"
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "TestSupport.h"

@@ -1,11 +1,11 @@
-#include "MovieArea.h"
+#include "MoviePlaceholder.h"
 
 #include <QLabel>
 #include <QPalette>
 
 using namespace Qt::StringLiterals;
 
-MovieArea::MovieArea(QWidget *parent)
+MoviePlaceholder::MoviePlaceholder(QWidget *parent)
     : QWidget(parent)
     , m_background(new QLabel(this))
 {
@@ -19,7 +19,7 @@ MovieArea::MovieArea(QWidget *parent)
     setMinimumSize(320, 180);
 }
 
-void MovieArea::setPlayerView(QWidget *view)
+void MoviePlaceholder::setPlayerView(QWidget *view)
 {
     if (m_playerView == view)
         return;
@@ -33,40 +33,40 @@ void MovieArea::setPlayerView(QWidget *view)
     layoutChildren();
 }
 
-void MovieArea::setPlayerViewVisible(bool visible)
+void MoviePlaceholder::setPlayerViewVisible(bool visible)
 {
     m_playerVisible = visible;
     if (m_playerView)
         m_playerView->setVisible(visible);
 }
 
-void MovieArea::setBackgroundVisible(bool visible)
+void MoviePlaceholder::setBackgroundVisible(bool visible)
 {
     m_background->setVisible(visible);
 }
 
-void MovieArea::setMessage(const QString &message)
+void MoviePlaceholder::setMessage(const QString &message)
 {
     m_background->setText(message);
 }
 
-QString MovieArea::message() const
+QString MoviePlaceholder::message() const
 {
     return m_background->text();
 }
 
-bool MovieArea::isBackgroundShown() const
+bool MoviePlaceholder::isBackgroundShown() const
 {
     return !m_background->isHidden();
 }
 
-void MovieArea::setAspectRatio(double ratio)
+void MoviePlaceholder::setAspectRatio(double ratio)
 {
     m_aspectRatio = ratio > 0 ? ratio : 16.0 / 9.0;
     layoutChildren();
 }
 
-QRect MovieArea::pictureRect() const
+QRect MoviePlaceholder::pictureRect() const
 {
     const QRect area = rect();
     if (area.isEmpty())
@@ -80,13 +80,13 @@ QRect MovieArea::pictureRect() const
     return QRect((area.width() - width) / 2, (area.height() - height) / 2, width, height);
 }
 
-void MovieArea::resizeEvent(QResizeEvent *event)
+void MoviePlaceholder::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     layoutChildren();
 }
 
-void MovieArea::layoutChildren()
+void MoviePlaceholder::layoutChildren()
 {
     m_background->setGeometry(rect());
     if (m_playerView)

@@ -7,10 +7,10 @@ class QLabel;
 
 // Where the movie plays: the player's own widget, kept at the movie's aspect ratio and
 // centred, or the background picture while no movie is open.
-class MovieArea final : public QWidget
+class MoviePlaceholder final : public QWidget
 {
 public:
-    explicit MovieArea(QWidget *parent = nullptr);
+    explicit MoviePlaceholder(QWidget *parent = nullptr);
 
     // Shows a player's widget (null: none). The area does not own it.
     void setPlayerView(QWidget *view);
