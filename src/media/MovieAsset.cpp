@@ -10,6 +10,7 @@ extern "C" {
 
 #include <unicode/uloc.h>
 
+#include <cstring>
 #include <mutex>
 
 using namespace Qt::StringLiterals;
@@ -104,9 +105,19 @@ QString nativeDisplayName(const QString &localeIdentifier)
 
 std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString *error)
 {
-    LibAv::Input input = LibAv::openInput(path, error);
+    // A QuickTime-family header already says everything asked here; other containers
+    // (Matroska, AVI) may need a look at the first packets for frame rates and sizes.
+    LibAv::Input input = LibAv::openInput(path, error, false);
     if (!input)
         return nullptr;
+    if (std::strcmp(input->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") != 0) {
+        const int result = avformat_find_stream_info(input.get(), nullptr);
+        if (result < 0) {
+            if (error)
+                *error = LibAv::errorText(result);
+            return nullptr;
+        }
+    }
     auto asset = std::make_shared<MovieAsset>();
     asset->m_path = path;
     const AVFormatContext *context = input.get();

@@ -60,6 +60,9 @@ TEST(Extractor, NamesFilesPerLanguageAndReadsTheCues)
     const QString movie = dir.path(u"movie.mp4"_s);
     ASSERT_TRUE(QFile::copy(trackMovie(), movie));
     std::shared_ptr<const MovieAsset> asset = MovieAsset::open(movie);
+    ASSERT_TRUE(asset);
+    EXPECT_EQ(asset->fps(), 25);
+    EXPECT_NEAR(asset->duration(), 3, 0.1);
     EXPECT_EQ(CTSubtitleExtractor::extractableSubtitles(asset.get()), 3);
     EXPECT_TRUE(CTSubtitleExtractor::extractableChapterMark(asset.get()));
     EXPECT_EQ(CTSubtitleExtractor::extractableSubtitles(nullptr), 0);
