@@ -172,9 +172,9 @@ struct CTSubtitleEmbedder::Run
 {
     LibAv::Input input;
     Output output;
-    std::vector<int> streamMap;  // input stream index → output stream index, -1: not copied
-    std::vector<int> slotOf;     // input stream index → progress slot (0: none)
-    std::vector<bool> toTx3g;    // input stream carries plain text that becomes tx3g
+    std::vector<int> streamMap; // input stream index → output stream index, -1: not copied
+    std::vector<int> slotOf;    // input stream index → progress slot (0: none)
+    std::vector<bool> toTx3g;   // input stream carries plain text that becomes tx3g
     struct Source
     {
         std::unique_ptr<CTSubtitleReader> reader;
@@ -299,8 +299,7 @@ void CTSubtitleEmbedder::setStatus(const ProgressStatusPtr &status)
     if (!m_status)
         return;
     m_status->setProgress(ProgressStatus::Waiting);
-    m_status->setTitle(u"Embedding Subtitles into %1"_s.arg(
-        QFileInfo(m_moviePath).completeBaseName()));
+    m_status->setTitle(u"Embedding Subtitles into %1"_s.arg(QFileInfo(m_moviePath).completeBaseName()));
 }
 
 void CTSubtitleEmbedder::createM4V()
@@ -444,16 +443,19 @@ void CTSubtitleEmbedder::startEmebdding()
             }
         }
         if (kind == MovieTrack::Kind::Other) {
-            logLine(u"Warning: Skipping track on the assumption that there is no media data to carry over (%1)"_s.arg(
-                u"Movie-Track: %1, %2"_s.arg(trackID).arg(QString::fromLatin1(avcodec_get_name(stream->codecpar->codec_id)))));
+            logLine(
+                u"Warning: Skipping track on the assumption that there is no media data to carry over (%1)"_s
+                    .arg(u"Movie-Track: %1, %2"_s.arg(trackID).arg(
+                        QString::fromLatin1(avcodec_get_name(stream->codecpar->codec_id)))));
             continue;
         }
         const AVCodecID codec = stream->codecpar->codec_id;
         const bool plainText = kind == MovieTrack::Kind::Subtitle && isPlainTextSubtitle(codec);
         if (!plainText && avformat_query_codec(out->oformat, codec, FF_COMPLIANCE_NORMAL) != 1) {
-            failSetUp(u"Movie-Track: %1 cannot be written into an M4V movie: its codec %2 is not one MP4 can carry"_s
-                          .arg(trackID)
-                          .arg(QString::fromLatin1(avcodec_get_name(codec))));
+            failSetUp(
+                u"Movie-Track: %1 cannot be written into an M4V movie: its codec %2 is not one MP4 can carry"_s
+                    .arg(trackID)
+                    .arg(QString::fromLatin1(avcodec_get_name(codec))));
             return;
         }
         AVStream *outStream = avformat_new_stream(out, nullptr);
@@ -469,7 +471,8 @@ void CTSubtitleEmbedder::startEmebdding()
             par->codec_tag = 0;
             av_freep(&par->extradata);
             const QByteArray description = TimedText::tx3gSampleDescription(0);
-            par->extradata = static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
+            par->extradata =
+                static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
             memcpy(par->extradata, description.constData(), size_t(description.size()));
             par->extradata_size = int(description.size());
         } else if (av_codec_get_id(out->oformat->codec_tag, outStream->codecpar->codec_tag) != codec) {
@@ -480,7 +483,8 @@ void CTSubtitleEmbedder::startEmebdding()
         av_dict_copy(&outStream->metadata, stream->metadata, 0);
         stream->discard = AVDISCARD_DEFAULT;
         run->streamMap[i] = outStream->index;
-        if ((kind == MovieTrack::Kind::Video || kind == MovieTrack::Kind::Audio) && m_progressMax < m_progressCount)
+        if ((kind == MovieTrack::Kind::Video || kind == MovieTrack::Kind::Audio) &&
+            m_progressMax < m_progressCount)
             run->slotOf[i] = int(++m_progressMax);
     }
 
@@ -497,8 +501,9 @@ void CTSubtitleEmbedder::startEmebdding()
         if (!source) {
             logLine(u"Error: Subtitle %1 cannot be embedded!"_s.arg(row.path));
             Prompt prompt;
-            prompt.message = u"Subtitle '%1' cannot be embedded (file or structure broken).\n Do you want to continue embedding without this subtitle"_s.arg(
-                CTFileHelper::lastPathComponent(row.path));
+            prompt.message =
+                u"Subtitle '%1' cannot be embedded (file or structure broken).\n Do you want to continue embedding without this subtitle"_s
+                    .arg(CTFileHelper::lastPathComponent(row.path));
             prompt.buttons = {u"Continue"_s, u"Cancel"_s};
             if (Prompter::shared().ask(prompt).button == 0)
                 continue;
@@ -519,8 +524,9 @@ void CTSubtitleEmbedder::startEmebdding()
             continue;
         }
         // The language as the reader named it from the file, or as the file name says.
-        QString locale = CTLanguage::languageWithFile(row.path, CTFileHelper::stringByDeletingPathExtension(m_moviePath))
-                             ->localeIdentifier();
+        QString locale =
+            CTLanguage::languageWithFile(row.path, CTFileHelper::stringByDeletingPathExtension(m_moviePath))
+                ->localeIdentifier();
         if (locale.isEmpty())
             locale = source->languageCode();
         QString iso = LibAv::iso639_2ForLocale(locale);
@@ -534,7 +540,8 @@ void CTSubtitleEmbedder::startEmebdding()
         AVCodecParameters *par = outStream->codecpar;
         par->codec_type = AVMEDIA_TYPE_SUBTITLE;
         par->codec_id = AV_CODEC_ID_MOV_TEXT;
-        par->extradata = static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
+        par->extradata =
+            static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
         memcpy(par->extradata, description.constData(), size_t(description.size()));
         par->extradata_size = int(description.size());
         outStream->time_base = AVRational{1, 600};
@@ -567,7 +574,8 @@ void CTSubtitleEmbedder::startEmebdding()
     };
     if (chapterSource) {
         while (std::optional<TextSample> sample = chapterSource->copyNextSampleBuffer())
-            addChapter(sample->start, sample->start + sample->duration, AVRational{1, 600}, sample->text.toUtf8());
+            addChapter(sample->start, sample->start + sample->duration, AVRational{1, 600},
+                       sample->text.toUtf8());
     } else if (copyMovieChapters || [&] {
                    for (const CandidateRow &row : std::as_const(m_subtitles))
                        if (row.source == kEmbedded && !row.isSubtitle && row.trackID == 0 && row.integrate)
@@ -577,7 +585,8 @@ void CTSubtitleEmbedder::startEmebdding()
         for (unsigned i = 0; i < in->nb_chapters; ++i) {
             const AVChapter *chapter = in->chapters[i];
             const AVDictionaryEntry *title = av_dict_get(chapter->metadata, "title", nullptr, 0);
-            addChapter(chapter->start, chapter->end, chapter->time_base, QByteArray(title ? title->value : ""));
+            addChapter(chapter->start, chapter->end, chapter->time_base,
+                       QByteArray(title ? title->value : ""));
         }
     }
 
@@ -721,10 +730,12 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         const int outIndex = run->streamMap[size_t(index)];
         if (run->toTx3g[size_t(index)]) {
             // A plain-text subtitle packet becomes a tx3g sample of the same time.
-            const QString text = QString::fromUtf8(reinterpret_cast<const char *>(packet->data), packet->size);
+            const QString text =
+                QString::fromUtf8(reinterpret_cast<const char *>(packet->data), packet->size);
             const QByteArray payload = TimedText::tx3gSamplePayload(text, false);
             Packet converted(av_packet_alloc());
-            if (av_new_packet(converted.get(), int(payload.size())) < 0 || av_packet_copy_props(converted.get(), packet.get()) < 0) {
+            if (av_new_packet(converted.get(), int(payload.size())) < 0 ||
+                av_packet_copy_props(converted.get(), packet.get()) < 0) {
                 writeError = AVERROR(ENOMEM);
                 break;
             }
@@ -741,12 +752,15 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
     }
     // A QuickTime-family movie indexes every sample up front: fewer samples than indexed
     // means its media data was cut short, and the copy would be a truncated movie.
-    if (!m_cancelled && !writeError && !readError && std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
+    if (!m_cancelled && !writeError && !readError &&
+        std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
         for (unsigned i = 0; i < in->nb_streams; ++i) {
             if (run->streamMap[i] >= 0 && packetsRead[i] < avformat_index_get_entries_count(in->streams[i])) {
                 readError = AVERROR_INVALIDDATA;
-                logLine(u"the reader failed: %1"_s.arg(u"Movie-Track: %1 ends after %2 of its %3 samples"_s.arg(
-                    LibAv::trackIDOf(in->streams[i])).arg(packetsRead[i]).arg(avformat_index_get_entries_count(in->streams[i]))));
+                logLine(u"the reader failed: %1"_s.arg(
+                    u"Movie-Track: %1 ends after %2 of its %3 samples"_s.arg(LibAv::trackIDOf(in->streams[i]))
+                        .arg(packetsRead[i])
+                        .arg(avformat_index_get_entries_count(in->streams[i]))));
                 break;
             }
         }
@@ -819,7 +833,8 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             self->m_status->setMessage(QString());
         } else {
             self->m_status->setProgress(ProgressStatus::Failed);
-            self->m_status->setErrorMessage(u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
+            self->m_status->setErrorMessage(
+                u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
             self->m_status->setMessage(u"Failed: Broken Data"_s);
         }
         self->m_isWorking = false;

@@ -22,7 +22,9 @@ void initialize()
     static std::once_flag once;
     // Our own messages say what failed; the libraries' lines (CAPTORA_FFMPEG_LOG=1 brings
     // them back) would only repeat it in their words.
-    std::call_once(once, [] { av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL); });
+    std::call_once(once, [] {
+        av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL);
+    });
 }
 
 QString errorText(int code)
@@ -139,7 +141,8 @@ std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString 
         track.width = stream->codecpar->width;
         track.height = stream->codecpar->height;
         if (track.kind == MovieTrack::Kind::Video && asset->m_fps == 0) {
-            const AVRational rate = stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
+            const AVRational rate =
+                stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
             if (rate.num > 0 && rate.den > 0)
                 asset->m_fps = av_q2d(rate);
         }
