@@ -225,7 +225,7 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
     // Done, then the final "stopped" of the completion, which a success also ends with.
     ASSERT_GE(progresses.size(), 3);
     EXPECT_EQ(progresses.first(), 0);
-    EXPECT_EQ(progresses.mid(progresses.size() - 3), (QList<double>{2, 3, -1}));
+    EXPECT_EQ(progresses.mid(progresses.size() - 4), (QList<double>{1, 2, 3, -1}));
     EXPECT_EQ(status->message(), QString());
     EXPECT_EQ(status->relatedURL(), dir.path(u"movie-Output.m4v"_s));
     EXPECT_EQ(bytesOf(movie), source);
@@ -300,7 +300,19 @@ TEST(Embedder, CarriesOverTheChosenTracksAndTheMoviesChapters)
     embedder->subtitles()[1].integrate = true;
     RecordingEmbedderDelegate delegate;
     embedder->setDelegate(&delegate);
+    auto status = std::make_shared<ProgressStatus>();
+    embedder->setStatus(status);
+    QList<double> progresses;
+    auto token =
+        status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
+            if (change == Observable::Change::Did)
+                progresses.append(status->progress());
+        });
     runToEnd(*embedder);
+    // The fraction is the mean over all six tracks of the movie, of which only the video and
+    // the audio track report: done, it is 2/6.
+    ASSERT_GE(progresses.size(), 4);
+    EXPECT_DOUBLE_EQ(progresses[progresses.size() - 4], 2.0 / 6.0);
     ASSERT_EQ(delegate.successes, 1);
     const QJsonObject probed = probe(embedder->outputMoviePath());
     EXPECT_EQ(streamSummary(probed),
