@@ -141,6 +141,12 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         // and the muxer refuses two samples at one time.
         if (!sample || writeError || sample->duration <= 0)
             return;
+        // An empty filler is left to the muxer: it ends every sample with an empty one at its
+        // end time, and starts a track that begins late with one at 0, so the track comes out
+        // the same; written by us as well, each filler would follow an empty sample of no
+        // duration.
+        if (sample->text.isEmpty() && !sample->payload.endsWith("frcd"))
+            return;
         av_packet_unref(textPacket.get());
         if (av_new_packet(textPacket.get(), int(sample->payload.size())) < 0) {
             writeError = AVERROR(ENOMEM);
