@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -171,6 +172,27 @@ QStringList chapterTitles(const QJsonObject &probed)
     return out;
 }
 
+// "start+duration:size" of every packet of one stream, as ffprobe reads them.
+QStringList packetsOf(const QString &path, int stream)
+{
+    QProcess process;
+    process.start(u"ffprobe"_s,
+                  {u"-v"_s, u"error"_s, u"-select_streams"_s, QString::number(stream), u"-show_entries"_s,
+                   u"packet=pts_time,duration_time,size"_s, u"-of"_s, u"csv=p=0"_s, path});
+    process.waitForFinished(30'000);
+    QStringList out;
+    const QStringList lines =
+        QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        const QStringList fields = line.split(u',');
+        if (fields.size() == 3)
+            out.append(u"%1+%2:%3"_s.arg(fields[0].toDouble(), 0, 'f', 3)
+                           .arg(fields[1].toDouble(), 0, 'f', 3)
+                           .arg(fields[2]));
+    }
+    return out;
+}
+
 // The top-level boxes of an MP4 file, in order.
 QStringList topLevelBoxes(const QString &path)
 {
@@ -244,6 +266,9 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
     const QByteArray fileBytes = bytesOf(output);
     EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSampleDescription(0)));
     EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSamplePayload(u"Hello"_s, false)));
+    // The English track is the cues with empty samples in the gaps, and nothing else.
+    EXPECT_EQ(packetsOf(output, 3),
+              (QStringList{u"0.000+0.500:2"_s, u"0.500+1.000:7"_s, u"1.500+0.500:2"_s, u"2.000+1.000:7"_s}));
     // Fast start: the index lies before the media data.
     const QStringList boxes = topLevelBoxes(output);
     ASSERT_TRUE(boxes.contains(u"moov"_s) && boxes.contains(u"mdat"_s)) << boxes.join(u' ').toStdString();
