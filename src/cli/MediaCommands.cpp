@@ -73,10 +73,11 @@ public:
     explicit ProgressPrinter(ProgressStatus &status)
         : m_terminal(isatty(STDERR_FILENO))
     {
-        m_token = status.observeKey(QString(), [this, &status](Observable *, const QString &, Observable::Change change) {
-            if (change == Observable::Change::Did)
-                show(status);
-        });
+        m_token = status.observeKey(
+            QString(), [this, &status](Observable *, const QString &, Observable::Change change) {
+                if (change == Observable::Change::Did)
+                    show(status);
+            });
     }
     ~ProgressPrinter()
     {
@@ -96,11 +97,13 @@ private:
             m_lastPercent = percent;
             if (m_terminal) {
                 const int filled = percent * 40 / 100;
-                line = u"["_s + QString(filled, u'#') + QString(40 - filled, u' ') + u"] %1%"_s.arg(percent, 3);
+                line =
+                    u"["_s + QString(filled, u'#') + QString(40 - filled, u' ') + u"] %1%"_s.arg(percent, 3);
             } else {
                 line = u"%1%"_s.arg(percent);
             }
-        } else if (progress == ProgressStatus::Busy && !status.message().isEmpty() && m_lastMessage != status.message()) {
+        } else if (progress == ProgressStatus::Busy && !status.message().isEmpty() &&
+                   m_lastMessage != status.message()) {
             m_lastMessage = status.message();
             line = status.message();
         } else {
@@ -147,10 +150,11 @@ public:
 int runTracks(const QStringList &args)
 {
     QCommandLineParser parser;
-    if (int status = parseArguments(parser, args,
-                                    u"Prints the candidate text tracks of embedding into MOVIE as JSON: subtitle "
-                                    "and chapter files beside it and the text tracks inside it."_s,
-                                    u"MOVIE"_s);
+    if (int status =
+            parseArguments(parser, args,
+                           u"Prints the candidate text tracks of embedding into MOVIE as JSON: subtitle "
+                           "and chapter files beside it and the text tracks inside it."_s,
+                           u"MOVIE"_s);
         status >= 0)
         return status;
     if (parser.positionalArguments().size() != 1)
@@ -159,7 +163,8 @@ int runTracks(const QStringList &args)
     std::shared_ptr<const MovieAsset> asset = openMovie(parser, &path);
     if (!asset)
         return ExitFailure;
-    std::shared_ptr<CTSubtitleEmbedder> embedder = CTSubtitleEmbedder::initWithAsset(asset, path, asset->fps());
+    std::shared_ptr<CTSubtitleEmbedder> embedder =
+        CTSubtitleEmbedder::initWithAsset(asset, path, asset->fps());
     printOut(rowsAsJson(embedder->subtitles()));
     return ExitOk;
 }
@@ -167,13 +172,15 @@ int runTracks(const QStringList &args)
 int runEmbed(const QStringList &args)
 {
     QCommandLineParser parser;
-    parser.addOption({u"exclude"_s, u"Leave out row ROWINDEX of 'tracks' (counted from 0); repeatable."_s,
+    parser.addOption(
+        {u"exclude"_s, u"Leave out row ROWINDEX of 'tracks' (counted from 0); repeatable."_s, u"ROWINDEX"_s});
+    parser.addOption({u"include"_s,
+                      u"Also embed row ROWINDEX of 'tracks', which is left out by default (a "
+                      "second track of a language, one without a language); repeatable."_s,
                       u"ROWINDEX"_s});
-    parser.addOption({u"include"_s, u"Also embed row ROWINDEX of 'tracks', which is left out by default (a "
-                                    "second track of a language, one without a language); repeatable."_s,
-                      u"ROWINDEX"_s});
-    parser.addOption({u"replace"_s, u"Afterwards keep the movie as '<name> Original.<ext>' and move the result "
-                                    "to '<name>.m4v'."_s});
+    parser.addOption({u"replace"_s,
+                      u"Afterwards keep the movie as '<name> Original.<ext>' and move the result "
+                      "to '<name>.m4v'."_s});
     if (int status = parseArguments(parser, args,
                                     u"Writes MOVIE with its subtitle and chapter files embedded into "
                                     "'<name>-Output.m4v' beside it, and prints that path."_s,
@@ -186,20 +193,23 @@ int runEmbed(const QStringList &args)
     std::shared_ptr<const MovieAsset> asset = openMovie(parser, &path);
     if (!asset)
         return ExitFailure;
-    std::shared_ptr<CTSubtitleEmbedder> embedder = CTSubtitleEmbedder::initWithAsset(asset, path, asset->fps());
+    std::shared_ptr<CTSubtitleEmbedder> embedder =
+        CTSubtitleEmbedder::initWithAsset(asset, path, asset->fps());
     for (const QString &option : {u"include"_s, u"exclude"_s}) {
         const QStringList rows = parser.values(option);
         for (const QString &text : rows) {
             bool ok = false;
             const qsizetype row = text.toLongLong(&ok);
             if (!ok || row < 0 || row >= embedder->subtitles().size())
-                return usageError(parser, u"--%1 %2 names no row of 'captora-cli tracks'."_s.arg(option, text));
+                return usageError(parser,
+                                  u"--%1 %2 names no row of 'captora-cli tracks'."_s.arg(option, text));
             embedder->subtitles()[row].integrate = option == u"include"_s;
         }
     }
 
     // A subtitle file that cannot be read is asked about; without a terminal the run stops.
-    CliPrompter prompter(u"Pass --exclude ROWINDEX to embed without that file ('captora-cli tracks' lists the rows)."_s);
+    CliPrompter prompter(
+        u"Pass --exclude ROWINDEX to embed without that file ('captora-cli tracks' lists the rows)."_s);
     ScopedPrompter scoped(&prompter);
     EmbedOutcome outcome;
     auto status = std::make_shared<ProgressStatus>();

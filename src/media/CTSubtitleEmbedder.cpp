@@ -3,9 +3,9 @@
 #include "CTFileHelper.h"
 #include "CTLanguage.h"
 #include "CTSubtitleReader.h"
+#include "EmbeddingRun.h"
 #include "LibAv.h"
 #include "Log.h"
-#include "MainQueue.h"
 #include "Prompter.h"
 #include "TimedTextSamples.h"
 
@@ -13,21 +13,15 @@ extern "C" {
 #include <libavutil/mathematics.h>
 }
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
-#include <climits>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <cmath>
-#include <limits>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -36,156 +30,13 @@ namespace {
 const QString kExternal = u"external"_s;
 const QString kEmbedded = u"embedded"_s;
 const QString kChapterMarks = u"Chapter Marks"_s;
-
-double secondsNow()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
-// The output file as the muxer writes it: a descriptor of our own behind a 1 MB buffer.
-// Opening it ourselves lets us create it exclusively, and keeps the truncate-and-rewrite
-// pattern out, on which ext4 flushes the whole file to disk when it is closed.
-struct OutputFile
-{
-    int fd = -1;
-
-    static int write(void *opaque, uint8_t *buffer, int size)
-    {
-        const int fd = static_cast<OutputFile *>(opaque)->fd;
-        int written = 0;
-        while (written < size) {
-            const ssize_t result = ::write(fd, buffer + written, size_t(size - written));
-            if (result < 0) {
-                if (errno == EINTR)
-                    continue;
-                return AVERROR(errno);
-            }
-            written += int(result);
-        }
-        return size;
-    }
-
-    static int64_t seek(void *opaque, int64_t offset, int whence)
-    {
-        const int fd = static_cast<OutputFile *>(opaque)->fd;
-        if (whence == AVSEEK_SIZE) {
-            struct stat info;
-            return ::fstat(fd, &info) == 0 ? int64_t(info.st_size) : AVERROR(errno);
-        }
-        const off_t result = ::lseek(fd, offset, whence & ~AVSEEK_FORCE);
-        return result < 0 ? AVERROR(errno) : int64_t(result);
-    }
-};
-
-// Flushes and frees the output's I/O context and closes its file; the first error of
-// writing, flushing or closing, or 0.
-int closeOutputFile(AVFormatContext *context, OutputFile &file)
-{
-    int error = 0;
-    if (context && context->pb) {
-        avio_flush(context->pb);
-        error = context->pb->error;
-        av_freep(&context->pb->buffer);
-        avio_context_free(&context->pb);
-    }
-    if (file.fd >= 0) {
-        if (::close(file.fd) != 0 && error == 0)
-            error = AVERROR(errno);
-        file.fd = -1;
-    }
-    return error;
-}
-
-struct OutputFreer
-{
-    void operator()(AVFormatContext *context) const
-    {
-        if (!context)
-            return;
-        // The I/O context is ours (closeOutputFile()); by now it is gone.
-        avformat_free_context(context);
-    }
-};
-using Output = std::unique_ptr<AVFormatContext, OutputFreer>;
-
-struct PacketFreer
-{
-    void operator()(AVPacket *packet) const { av_packet_free(&packet); }
-};
-using Packet = std::unique_ptr<AVPacket, PacketFreer>;
-
-// Whether a subtitle codec's packets are plain UTF-8 text that can become tx3g samples.
-bool isPlainTextSubtitle(AVCodecID codec)
-{
-    return codec == AV_CODEC_ID_SUBRIP || codec == AV_CODEC_ID_TEXT;
-}
 } // namespace
 
-namespace {
-// An upper bound of the size of the index ("moov") the muxer will write, or 0 when a sample
-// count is not known in advance. QuickTime-family inputs index every sample at opening; the
-// new text tracks and the chapter track have one sample per cue plus at most one gap filler
-// each. Every sample costs at most 45 bytes of sample tables: size (4), time (8),
-// composition offset (8), sync sample (4), and, were every sample a chunk of its own, chunk
-// offset (8) and sample-to-chunk entry (12), plus 1 spare.
-int64_t indexBound(const AVFormatContext *in, const AVFormatContext *out, const std::vector<int> &streamMap,
-                   int64_t textSamples)
-{
-    if (std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") != 0)
-        return 0;
-    constexpr int64_t perSample = 45;
-    int64_t bound = 32 * 1024;
-    int64_t samples = textSamples;
-    for (unsigned i = 0; i < in->nb_streams; ++i) {
-        if (streamMap[i] < 0)
-            continue;
-        const int count = avformat_index_get_entries_count(in->streams[i]);
-        if (count <= 0)
-            return 0;
-        samples += count;
-    }
-    for (unsigned i = 0; i < out->nb_streams; ++i)
-        bound += 4096 + out->streams[i]->codecpar->extradata_size;
-    auto dictionarySize = [](const AVDictionary *dictionary) {
-        int64_t size = 0;
-        const AVDictionaryEntry *entry = nullptr;
-        while ((entry = av_dict_get(dictionary, "", entry, AV_DICT_IGNORE_SUFFIX)))
-            size += 64 + int64_t(std::strlen(entry->key)) + int64_t(std::strlen(entry->value));
-        return size;
-    };
-    bound += dictionarySize(out->metadata);
-    for (unsigned i = 0; i < out->nb_streams; ++i)
-        bound += dictionarySize(out->streams[i]->metadata);
-    for (unsigned i = 0; i < out->nb_chapters; ++i)
-        bound += 2 * perSample + 2 * dictionarySize(out->chapters[i]->metadata);
-    bound += perSample * samples;
-    return bound <= INT_MAX ? bound : 0;
-}
-} // namespace
+using namespace Embedding;
 
 CTSubtitleEmbedderDelegate::~CTSubtitleEmbedderDelegate() = default;
 void CTSubtitleEmbedderDelegate::subtitleEmbedderStarted(CTSubtitleEmbedder *) {}
 void CTSubtitleEmbedderDelegate::subtitleEmbedderCanceled(CTSubtitleEmbedder *) {}
-
-// Everything the writer thread needs; set up on the main thread, then owned by the writer.
-struct CTSubtitleEmbedder::Run
-{
-    LibAv::Input input;
-    Output output;
-    std::vector<int> streamMap;  // input stream index → output stream index, -1: not copied
-    std::vector<int> slotOf;     // input stream index → progress slot (0: none)
-    std::vector<bool> toTx3g;    // input stream carries plain text that becomes tx3g
-    struct Source
-    {
-        std::unique_ptr<CTSubtitleReader> reader;
-        int stream = -1;
-    };
-    std::vector<Source> sources;
-    QString outputPath;
-    OutputFile file;
-
-    ~Run() { closeOutputFile(output.get(), file); }
-};
 
 std::shared_ptr<CTSubtitleEmbedder> CTSubtitleEmbedder::initWithAsset(std::shared_ptr<const MovieAsset> asset,
                                                                       const QString &path, double fps)
@@ -299,8 +150,7 @@ void CTSubtitleEmbedder::setStatus(const ProgressStatusPtr &status)
     if (!m_status)
         return;
     m_status->setProgress(ProgressStatus::Waiting);
-    m_status->setTitle(u"Embedding Subtitles into %1"_s.arg(
-        QFileInfo(m_moviePath).completeBaseName()));
+    m_status->setTitle(u"Embedding Subtitles into %1"_s.arg(QFileInfo(m_moviePath).completeBaseName()));
 }
 
 void CTSubtitleEmbedder::createM4V()
@@ -444,16 +294,19 @@ void CTSubtitleEmbedder::startEmebdding()
             }
         }
         if (kind == MovieTrack::Kind::Other) {
-            logLine(u"Warning: Skipping track on the assumption that there is no media data to carry over (%1)"_s.arg(
-                u"Movie-Track: %1, %2"_s.arg(trackID).arg(QString::fromLatin1(avcodec_get_name(stream->codecpar->codec_id)))));
+            logLine(
+                u"Warning: Skipping track on the assumption that there is no media data to carry over (%1)"_s
+                    .arg(u"Movie-Track: %1, %2"_s.arg(trackID).arg(
+                        QString::fromLatin1(avcodec_get_name(stream->codecpar->codec_id)))));
             continue;
         }
         const AVCodecID codec = stream->codecpar->codec_id;
         const bool plainText = kind == MovieTrack::Kind::Subtitle && isPlainTextSubtitle(codec);
         if (!plainText && avformat_query_codec(out->oformat, codec, FF_COMPLIANCE_NORMAL) != 1) {
-            failSetUp(u"Movie-Track: %1 cannot be written into an M4V movie: its codec %2 is not one MP4 can carry"_s
-                          .arg(trackID)
-                          .arg(QString::fromLatin1(avcodec_get_name(codec))));
+            failSetUp(
+                u"Movie-Track: %1 cannot be written into an M4V movie: its codec %2 is not one MP4 can carry"_s
+                    .arg(trackID)
+                    .arg(QString::fromLatin1(avcodec_get_name(codec))));
             return;
         }
         AVStream *outStream = avformat_new_stream(out, nullptr);
@@ -469,7 +322,8 @@ void CTSubtitleEmbedder::startEmebdding()
             par->codec_tag = 0;
             av_freep(&par->extradata);
             const QByteArray description = TimedText::tx3gSampleDescription(0);
-            par->extradata = static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
+            par->extradata =
+                static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
             memcpy(par->extradata, description.constData(), size_t(description.size()));
             par->extradata_size = int(description.size());
         } else if (av_codec_get_id(out->oformat->codec_tag, outStream->codecpar->codec_tag) != codec) {
@@ -480,7 +334,8 @@ void CTSubtitleEmbedder::startEmebdding()
         av_dict_copy(&outStream->metadata, stream->metadata, 0);
         stream->discard = AVDISCARD_DEFAULT;
         run->streamMap[i] = outStream->index;
-        if ((kind == MovieTrack::Kind::Video || kind == MovieTrack::Kind::Audio) && m_progressMax < m_progressCount)
+        if ((kind == MovieTrack::Kind::Video || kind == MovieTrack::Kind::Audio) &&
+            m_progressMax < m_progressCount)
             run->slotOf[i] = int(++m_progressMax);
     }
 
@@ -497,8 +352,9 @@ void CTSubtitleEmbedder::startEmebdding()
         if (!source) {
             logLine(u"Error: Subtitle %1 cannot be embedded!"_s.arg(row.path));
             Prompt prompt;
-            prompt.message = u"Subtitle '%1' cannot be embedded (file or structure broken).\n Do you want to continue embedding without this subtitle"_s.arg(
-                CTFileHelper::lastPathComponent(row.path));
+            prompt.message =
+                u"Subtitle '%1' cannot be embedded (file or structure broken).\n Do you want to continue embedding without this subtitle"_s
+                    .arg(CTFileHelper::lastPathComponent(row.path));
             prompt.buttons = {u"Continue"_s, u"Cancel"_s};
             if (Prompter::shared().ask(prompt).button == 0)
                 continue;
@@ -519,8 +375,9 @@ void CTSubtitleEmbedder::startEmebdding()
             continue;
         }
         // The language as the reader named it from the file, or as the file name says.
-        QString locale = CTLanguage::languageWithFile(row.path, CTFileHelper::stringByDeletingPathExtension(m_moviePath))
-                             ->localeIdentifier();
+        QString locale =
+            CTLanguage::languageWithFile(row.path, CTFileHelper::stringByDeletingPathExtension(m_moviePath))
+                ->localeIdentifier();
         if (locale.isEmpty())
             locale = source->languageCode();
         QString iso = LibAv::iso639_2ForLocale(locale);
@@ -534,7 +391,8 @@ void CTSubtitleEmbedder::startEmebdding()
         AVCodecParameters *par = outStream->codecpar;
         par->codec_type = AVMEDIA_TYPE_SUBTITLE;
         par->codec_id = AV_CODEC_ID_MOV_TEXT;
-        par->extradata = static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
+        par->extradata =
+            static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
         memcpy(par->extradata, description.constData(), size_t(description.size()));
         par->extradata_size = int(description.size());
         outStream->time_base = AVRational{1, 600};
@@ -567,7 +425,8 @@ void CTSubtitleEmbedder::startEmebdding()
     };
     if (chapterSource) {
         while (std::optional<TextSample> sample = chapterSource->copyNextSampleBuffer())
-            addChapter(sample->start, sample->start + sample->duration, AVRational{1, 600}, sample->text.toUtf8());
+            addChapter(sample->start, sample->start + sample->duration, AVRational{1, 600},
+                       sample->text.toUtf8());
     } else if (copyMovieChapters || [&] {
                    for (const CandidateRow &row : std::as_const(m_subtitles))
                        if (row.source == kEmbedded && !row.isSubtitle && row.trackID == 0 && row.integrate)
@@ -577,7 +436,8 @@ void CTSubtitleEmbedder::startEmebdding()
         for (unsigned i = 0; i < in->nb_chapters; ++i) {
             const AVChapter *chapter = in->chapters[i];
             const AVDictionaryEntry *title = av_dict_get(chapter->metadata, "title", nullptr, 0);
-            addChapter(chapter->start, chapter->end, chapter->time_base, QByteArray(title ? title->value : ""));
+            addChapter(chapter->start, chapter->end, chapter->time_base,
+                       QByteArray(title ? title->value : ""));
         }
     }
 
@@ -617,214 +477,4 @@ void CTSubtitleEmbedder::startEmebdding()
 
     // 10-13. The writer thread does the rest.
     m_thread = std::thread([this, run] { writerThread(run); });
-}
-
-int64_t CTSubtitleEmbedder::indexReservation(const Run &run)
-{
-    int64_t textSamples = 0;
-    for (const Run::Source &source : run.sources)
-        textSamples += 2 * int64_t(source.reader->subtitles().size()) + 2;
-    return indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
-}
-
-void CTSubtitleEmbedder::postProgress(double value)
-{
-    std::weak_ptr<CTSubtitleEmbedder> weak = weak_from_this();
-    MainQueue::main().post([weak, value] {
-        auto self = weak.lock();
-        if (self && self->m_status && !self->m_status->isIndeterminate())
-            self->m_status->setProgress(value);
-    });
-}
-
-void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
-{
-    AVFormatContext *in = run->input.get();
-    AVFormatContext *out = run->output.get();
-    Packet packet(av_packet_alloc());
-    Packet textPacket(av_packet_alloc());
-    int writeError = 0;
-    int readError = 0;
-
-    auto average = [this] {
-        double sum = 0;
-        for (unsigned slot = 1; slot <= m_progressCount; ++slot)
-            sum += m_progresses[slot];
-        return m_progressCount ? sum / m_progressCount : 0.0;
-    };
-
-    // Writes a text sample of one of the new tracks.
-    auto writeText = [&](Run::Source &source) {
-        std::optional<TextSample> sample = source.reader->copyNextSampleBuffer();
-        // Without a frame rate a cue may round to no time at all; it would show for no time
-        // and the muxer refuses two samples at one time.
-        if (!sample || writeError || sample->duration <= 0)
-            return;
-        av_packet_unref(textPacket.get());
-        if (av_new_packet(textPacket.get(), int(sample->payload.size())) < 0) {
-            writeError = AVERROR(ENOMEM);
-            return;
-        }
-        memcpy(textPacket->data, sample->payload.constData(), size_t(sample->payload.size()));
-        const AVRational timeBase = out->streams[source.stream]->time_base;
-        textPacket->pts = av_rescale_q(sample->start, AVRational{1, 600}, timeBase);
-        textPacket->dts = textPacket->pts;
-        textPacket->duration = av_rescale_q(sample->duration, AVRational{1, 600}, timeBase);
-        textPacket->stream_index = source.stream;
-        textPacket->flags |= AV_PKT_FLAG_KEY;
-        const int result = av_interleaved_write_frame(out, textPacket.get());
-        if (result < 0)
-            writeError = result;
-    };
-    // Writes every new text sample that starts before `seconds`.
-    auto writeTextUntil = [&](double seconds) {
-        for (Run::Source &source : run->sources) {
-            while (!writeError) {
-                const std::optional<double> start = source.reader->nextSampleStart();
-                if (!start || *start > seconds)
-                    break;
-                writeText(source);
-            }
-        }
-    };
-
-    std::vector<int64_t> packetsRead(in->nb_streams, 0);
-    while (!m_cancelled && !writeError) {
-        int result = av_read_frame(in, packet.get());
-        if (result == AVERROR_EOF)
-            break;
-        if (result < 0) {
-            readError = result;
-            logLine(u"the reader failed: %1"_s.arg(LibAv::errorText(result)));
-            break;
-        }
-        const int index = packet->stream_index;
-        if (index < 0 || index >= int(run->streamMap.size()) || run->streamMap[size_t(index)] < 0) {
-            av_packet_unref(packet.get());
-            continue;
-        }
-        ++packetsRead[size_t(index)];
-        const AVStream *inStream = in->streams[index];
-        const int64_t time = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
-        if (time != AV_NOPTS_VALUE) {
-            const double seconds = double(time) * av_q2d(inStream->time_base);
-            const int slot = run->slotOf[size_t(index)];
-            if (slot > 0 && seconds >= 0 && m_duration > 0)
-                m_progresses[size_t(slot)] = seconds / m_duration;
-            const double now = secondsNow();
-            if (std::abs(now - m_lastProgress) > 0.5) {
-                postProgress(average());
-                m_lastProgress = now;
-            }
-            writeTextUntil(seconds);
-        }
-        const int outIndex = run->streamMap[size_t(index)];
-        if (run->toTx3g[size_t(index)]) {
-            // A plain-text subtitle packet becomes a tx3g sample of the same time.
-            const QString text = QString::fromUtf8(reinterpret_cast<const char *>(packet->data), packet->size);
-            const QByteArray payload = TimedText::tx3gSamplePayload(text, false);
-            Packet converted(av_packet_alloc());
-            if (av_new_packet(converted.get(), int(payload.size())) < 0 || av_packet_copy_props(converted.get(), packet.get()) < 0) {
-                writeError = AVERROR(ENOMEM);
-                break;
-            }
-            memcpy(converted->data, payload.constData(), size_t(payload.size()));
-            av_packet_unref(packet.get());
-            av_packet_move_ref(packet.get(), converted.get());
-        }
-        av_packet_rescale_ts(packet.get(), inStream->time_base, out->streams[outIndex]->time_base);
-        packet->stream_index = outIndex;
-        packet->pos = -1;
-        result = av_interleaved_write_frame(out, packet.get());
-        if (result < 0)
-            writeError = result;
-    }
-    // A QuickTime-family movie indexes every sample up front: fewer samples than indexed
-    // means its media data was cut short, and the copy would be a truncated movie.
-    if (!m_cancelled && !writeError && !readError && std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
-        for (unsigned i = 0; i < in->nb_streams; ++i) {
-            if (run->streamMap[i] >= 0 && packetsRead[i] < avformat_index_get_entries_count(in->streams[i])) {
-                readError = AVERROR_INVALIDDATA;
-                logLine(u"the reader failed: %1"_s.arg(u"Movie-Track: %1 ends after %2 of its %3 samples"_s.arg(
-                    LibAv::trackIDOf(in->streams[i])).arg(packetsRead[i]).arg(avformat_index_get_entries_count(in->streams[i]))));
-                break;
-            }
-        }
-    }
-    if (!m_cancelled && !writeError && !readError) {
-        writeTextUntil(std::numeric_limits<double>::infinity());
-        for (unsigned slot = 1; slot <= m_progressMax; ++slot)
-            m_progresses[slot] = 1.0;
-        postProgress(average());
-    }
-
-    std::weak_ptr<CTSubtitleEmbedder> weak = weak_from_this();
-    // Completion, 2: rewriting the index in front of the data has no fraction to show.
-    MainQueue::main().post([weak] {
-        if (auto self = weak.lock()) {
-            self->m_status->setProgress(ProgressStatus::Busy);
-            self->m_status->setMessage(u"Optimizing"_s);
-        }
-    });
-
-    // 3: finish the file, unless the run failed or was cancelled.
-    const bool cancelled = m_cancelled;
-    bool failed = writeError != 0 || readError != 0;
-    int failure = writeError ? writeError : readError;
-    if (!failed && !cancelled) {
-        const int result = av_write_trailer(out);
-        if (result < 0) {
-            failed = true;
-            failure = result;
-        }
-    }
-    if (const int error = closeOutputFile(out, run->file); error < 0 && !failed && !cancelled) {
-        failed = true;
-        failure = error;
-    }
-    const QString failureText = failed ? LibAv::errorText(failure) : QString();
-    if (failed || cancelled)
-        QFile::remove(run->outputPath);
-    if (!cancelled) {
-        const QString outputPath = run->outputPath;
-        MainQueue::main().post([weak, failed, failureText, outputPath] {
-            auto self = weak.lock();
-            if (!self)
-                return;
-            self->m_isWorking = false;
-            if (!failed) {
-                self->m_status->setProgress(ProgressStatus::Done);
-                self->m_status->setMessage(QString());
-                QString url = outputPath;
-                if (self->m_delegate)
-                    url = self->m_delegate->subtitleEmbedderDidFinish(self.get(), true);
-                self->m_status->setRelatedURL(url);
-            } else {
-                self->m_status->setProgress(ProgressStatus::Failed);
-                self->m_status->setErrorMessage(
-                    u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
-                self->m_status->setMessage(QString());
-                if (self->m_delegate)
-                    self->m_delegate->subtitleEmbedderDidFinish(self.get(), false);
-            }
-        });
-    }
-    // 4 and 5: the final state; after a success this -1 follows the 3 on purpose.
-    MainQueue::main().post([weak, failed, failureText] {
-        auto self = weak.lock();
-        if (!self)
-            return;
-        if (!failed) {
-            self->m_status->setProgress(ProgressStatus::Stopped);
-            self->m_status->setMessage(QString());
-        } else {
-            self->m_status->setProgress(ProgressStatus::Failed);
-            self->m_status->setErrorMessage(u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
-            self->m_status->setMessage(u"Failed: Broken Data"_s);
-        }
-        self->m_isWorking = false;
-        self->m_ended = true;
-        if (self->m_thread.joinable())
-            self->m_thread.join();
-    });
 }

@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 
 CTSubtitleExtractorDelegate::~CTSubtitleExtractorDelegate() = default;
 
-std::shared_ptr<CTSubtitleExtractor> CTSubtitleExtractor::initWithAsset(std::shared_ptr<const MovieAsset> asset,
-                                                                        const QString &path,
-                                                                        const ProgressStatusPtr &status)
+std::shared_ptr<CTSubtitleExtractor>
+CTSubtitleExtractor::initWithAsset(std::shared_ptr<const MovieAsset> asset, const QString &path,
+                                   const ProgressStatusPtr &status)
 {
     std::shared_ptr<CTSubtitleExtractor> extractor(new CTSubtitleExtractor);
     extractor->m_asset = std::move(asset);
@@ -147,8 +147,8 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
             if (match)
                 index = int(i);
         }
-        const bool plainText = index >= 0 && (in->streams[index]->codecpar->codec_id == AV_CODEC_ID_SUBRIP
-                                              || in->streams[index]->codecpar->codec_id == AV_CODEC_ID_TEXT);
+        const bool plainText = index >= 0 && (in->streams[index]->codecpar->codec_id == AV_CODEC_ID_SUBRIP ||
+                                              in->streams[index]->codecpar->codec_id == AV_CODEC_ID_TEXT);
         // Reading the chapter list at opening leaves the chapter track past its first
         // sample; start it over.
         if (index >= 0 && LibAv::kindOf(in->streams[index]) == MovieTrack::Kind::Text)
@@ -187,7 +187,8 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
                 const AVDictionaryEntry *title = av_dict_get(chapter->metadata, "title", nullptr, 0);
                 const double start = double(chapter->start) * av_q2d(chapter->time_base);
                 const double end = double(chapter->end) * av_q2d(chapter->time_base);
-                cues.append(VHVideoText::create(title ? QString::fromUtf8(title->value) : QString(u""_s), start, end));
+                cues.append(VHVideoText::create(title ? QString::fromUtf8(title->value) : QString(u""_s),
+                                                start, end));
             }
         }
     }

@@ -30,7 +30,8 @@ class CTSubtitleExtractor : public std::enable_shared_from_this<CTSubtitleExtrac
 {
 public:
     static std::shared_ptr<CTSubtitleExtractor> initWithAsset(std::shared_ptr<const MovieAsset> asset,
-                                                              const QString &path, const ProgressStatusPtr &status);
+                                                              const QString &path,
+                                                              const ProgressStatusPtr &status);
     ~CTSubtitleExtractor();
     CTSubtitleExtractor(const CTSubtitleExtractor &) = delete;
     CTSubtitleExtractor &operator=(const CTSubtitleExtractor &) = delete;

@@ -16,7 +16,8 @@ const QString CTSubtitleReader::DescribesMusicAndSound = u"public.accessibility.
 
 CTSubtitleReader::~CTSubtitleReader() = default;
 
-std::unique_ptr<CTSubtitleReader> CTSubtitleReader::initForFile(const QString &path, double fps, double duration)
+std::unique_ptr<CTSubtitleReader> CTSubtitleReader::initForFile(const QString &path, double fps,
+                                                                double duration)
 {
     std::unique_ptr<CTSubtitleReader> reader(new CTSubtitleReader);
     if (!reader->init(path, fps, duration))
@@ -97,7 +98,8 @@ bool CTSubtitleReader::testSubtitle()
             if (lastEnd + frame >= cue.start())
                 cue.replaceStart(lastEnd, cue.end() - (cue.start() - lastEnd));
             if (cue.start() > cue.end()) {
-                logLine(u"Warning: Problem saving subtitle, negative duration for: %1"_s.arg(cue.description()));
+                logLine(
+                    u"Warning: Problem saving subtitle, negative duration for: %1"_s.arg(cue.description()));
                 return false;
             }
             if (lastEnd > cue.start()) {

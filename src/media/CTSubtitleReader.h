@@ -70,9 +70,9 @@ public:
     // The start (seconds) of the sample copyNextSampleBuffer() returns next; none at the end.
     std::optional<double> nextSampleStart() const;
 
-    static const QString TaggedCharacteristicKey;     // "tagc" of the QuickTime user data
-    static const QString TranscribesSpokenDialog;     // public.accessibility.transcribes-spoken-dialog
-    static const QString DescribesMusicAndSound;      // public.accessibility.describes-music-and-sound
+    static const QString TaggedCharacteristicKey; // "tagc" of the QuickTime user data
+    static const QString TranscribesSpokenDialog; // public.accessibility.transcribes-spoken-dialog
+    static const QString DescribesMusicAndSound;  // public.accessibility.describes-music-and-sound
 
 protected:
     CTSubtitleReader() = default;

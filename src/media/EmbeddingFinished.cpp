@@ -12,13 +12,14 @@ using namespace Qt::StringLiterals;
 
 QString moveEmbeddedMovieIntoPlace(const QString &moviePath, const QString &outputPath)
 {
-    const QString original = CTFileHelper::stringByDeletingPathExtension(moviePath)
-                             + u" Original.%1"_s.arg(CTFileHelper::pathExtension(moviePath));
+    const QString original = CTFileHelper::stringByDeletingPathExtension(moviePath) +
+                             u" Original.%1"_s.arg(CTFileHelper::pathExtension(moviePath));
     QFile movie(moviePath);
     if (QFileInfo::exists(original)) {
         // An earlier original is kept; this movie is itself an output of ours.
         if (!movie.remove())
-            logLine(u"Warning: Movie could not be deleted, because %1\n%2"_s.arg(movie.errorString(), moviePath));
+            logLine(
+                u"Warning: Movie could not be deleted, because %1\n%2"_s.arg(movie.errorString(), moviePath));
     } else if (!movie.rename(original)) {
         logLine(u"Warning: Movie could not be renamed to \u2026Original, because %1\n%2 --> %3"_s.arg(
             movie.errorString(), moviePath, original));

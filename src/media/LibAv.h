@@ -23,10 +23,7 @@ QString errorText(int code);
 
 struct InputCloser
 {
-    void operator()(AVFormatContext *context) const
-    {
-        avformat_close_input(&context);
-    }
+    void operator()(AVFormatContext *context) const { avformat_close_input(&context); }
 };
 using Input = std::unique_ptr<AVFormatContext, InputCloser>;
 

@@ -10,6 +10,7 @@ extern "C" {
 
 #include <unicode/uloc.h>
 
+#include <cstring>
 #include <mutex>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +22,9 @@ void initialize()
     static std::once_flag once;
     // Our own messages say what failed; the libraries' lines (CAPTORA_FFMPEG_LOG=1 brings
     // them back) would only repeat it in their words.
-    std::call_once(once, [] { av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL); });
+    std::call_once(once, [] {
+        av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL);
+    });
 }
 
 QString errorText(int code)
@@ -104,9 +107,19 @@ QString nativeDisplayName(const QString &localeIdentifier)
 
 std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString *error)
 {
-    LibAv::Input input = LibAv::openInput(path, error);
+    // A QuickTime-family header already says everything asked here; other containers
+    // (Matroska, AVI) may need a look at the first packets for frame rates and sizes.
+    LibAv::Input input = LibAv::openInput(path, error, false);
     if (!input)
         return nullptr;
+    if (std::strcmp(input->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") != 0) {
+        const int result = avformat_find_stream_info(input.get(), nullptr);
+        if (result < 0) {
+            if (error)
+                *error = LibAv::errorText(result);
+            return nullptr;
+        }
+    }
     auto asset = std::make_shared<MovieAsset>();
     asset->m_path = path;
     const AVFormatContext *context = input.get();
@@ -128,7 +141,8 @@ std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString 
         track.width = stream->codecpar->width;
         track.height = stream->codecpar->height;
         if (track.kind == MovieTrack::Kind::Video && asset->m_fps == 0) {
-            const AVRational rate = stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
+            const AVRational rate =
+                stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
             if (rate.num > 0 && rate.den > 0)
                 asset->m_fps = av_q2d(rate);
         }

@@ -62,10 +62,11 @@ void ProgressController::addProgressStatus(const ProgressStatusPtr &status)
     Entry entry;
     entry.status = status;
     // A running task that ends frees its slot for the next waiting one.
-    entry.token = status->observeKey(u"progress"_s, [this](Observable *, const QString &, Observable::Change change) {
-        if (change == Observable::Change::Did)
-            startWaiting();
-    });
+    entry.token =
+        status->observeKey(u"progress"_s, [this](Observable *, const QString &, Observable::Change change) {
+            if (change == Observable::Change::Did)
+                startWaiting();
+        });
     m_entries.append(std::move(entry));
     startWaiting();
 }

@@ -73,10 +73,10 @@ QByteArray tx3gSampleDescription(quint32 displayFlags)
     appendRGBA(out, 0, 0, 0, 255);
     for (int i = 0; i < 4; ++i) // default text box: top, left, bottom, right
         appendBE16(out, 0);
-    appendBE16(out, 0);   // style: start character
-    appendBE16(out, 0);   // end character
-    appendBE16(out, 1);   // font identifier
-    out.append(char(0));  // face
+    appendBE16(out, 0);    // style: start character
+    appendBE16(out, 0);    // end character
+    appendBE16(out, 1);    // font identifier
+    out.append(char(0));   // face
     out.append(char(255)); // size
     appendRGBA(out, 255, 255, 255, 255);
     static const QByteArray fontName = QByteArrayLiteral("Sans-Serif");
@@ -92,19 +92,19 @@ QByteArray tx3gSampleDescription(quint32 displayFlags)
 QByteArray qtTextSampleDescription(qint16 width, qint16 height)
 {
     QByteArray out;
-    appendBE32(out, 1); // display flags: do not display
-    appendBE32(out, 1); // text justification
+    appendBE32(out, 1);         // display flags: do not display
+    appendBE32(out, 1);         // text justification
     for (int i = 0; i < 3; ++i) // background colour, 16-bit RGB
         appendBE16(out, 0);
     appendBE16(out, 0); // default text box: top, left, bottom, right
     appendBE16(out, 0);
     appendBE16(out, quint16(height));
     appendBE16(out, quint16(width));
-    out.append(8, char(0)); // reserved
-    appendBE16(out, 1);     // font number
-    appendBE16(out, 0);     // font face
-    out.append(char(0));    // reserved
-    appendBE16(out, 0);     // reserved
+    out.append(8, char(0));     // reserved
+    appendBE16(out, 1);         // font number
+    appendBE16(out, 0);         // font face
+    out.append(char(0));        // reserved
+    appendBE16(out, 0);         // reserved
     for (int i = 0; i < 3; ++i) // foreground colour, 16-bit RGB
         appendBE16(out, 0xffff);
     out.append(char(0)); // text name: empty Pascal string

@@ -26,8 +26,8 @@ ToolRun run(const QString &program, const QStringList &args)
     process.closeWriteChannel();
     if (!process.waitForFinished(60000))
         ADD_FAILURE() << program.toStdString() << " did not finish";
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1, process.readAllStandardOutput(),
-            process.readAllStandardError()};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
 ToolRun cli(const QStringList &args)
@@ -40,11 +40,35 @@ QString makeMovie(const TempDir &dir)
 {
     const QString srt = dir.write(u"track.srt"_s, "1\n00:00:00,500 --> 00:00:01,500\nInside\n");
     const QString movie = dir.path(u"movie.mp4"_s);
-    const ToolRun made = run(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=2:s=160x120:r=25"_s,
-                                      u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=d=2"_s, u"-i"_s, srt, u"-map"_s, u"0"_s,
-                                      u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-c:v"_s, u"libx264"_s, u"-preset"_s,
-                                      u"ultrafast"_s, u"-c:a"_s, u"aac"_s, u"-c:s"_s, u"mov_text"_s,
-                                      u"-metadata:s:s:0"_s, u"language=eng"_s, movie});
+    const ToolRun made = run(u"ffmpeg"_s, {u"-v"_s,
+                                           u"error"_s,
+                                           u"-f"_s,
+                                           u"lavfi"_s,
+                                           u"-i"_s,
+                                           u"testsrc=d=2:s=160x120:r=25"_s,
+                                           u"-f"_s,
+                                           u"lavfi"_s,
+                                           u"-i"_s,
+                                           u"sine=d=2"_s,
+                                           u"-i"_s,
+                                           srt,
+                                           u"-map"_s,
+                                           u"0"_s,
+                                           u"-map"_s,
+                                           u"1"_s,
+                                           u"-map"_s,
+                                           u"2"_s,
+                                           u"-c:v"_s,
+                                           u"libx264"_s,
+                                           u"-preset"_s,
+                                           u"ultrafast"_s,
+                                           u"-c:a"_s,
+                                           u"aac"_s,
+                                           u"-c:s"_s,
+                                           u"mov_text"_s,
+                                           u"-metadata:s:s:0"_s,
+                                           u"language=eng"_s,
+                                           movie});
     EXPECT_EQ(made.status, 0) << made.err.toStdString();
     QFile::remove(srt);
     return movie;
@@ -83,7 +107,8 @@ TEST(CliMovies, TracksEmbedAndExtract)
     // An existing file is not overwritten without an answer; --only-missing keeps it quietly.
     const ToolRun asked = cli({u"extract"_s, dir.path(u"movie.m4v"_s)});
     EXPECT_EQ(asked.status, 0);
-    EXPECT_TRUE(asked.err.contains("A subtitle with the name 'movie.de.srt' already exists")) << asked.err.toStdString();
+    EXPECT_TRUE(asked.err.contains("A subtitle with the name 'movie.de.srt' already exists"))
+        << asked.err.toStdString();
     EXPECT_TRUE(asked.err.contains("--only-missing"));
     const ToolRun quiet = cli({u"extract"_s, u"--only-missing"_s, dir.path(u"movie.m4v"_s)});
     EXPECT_EQ(quiet.status, 0);

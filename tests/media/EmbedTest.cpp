@@ -14,6 +14,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -39,24 +40,41 @@ public:
     // 4 s, with English, English and German mov_text tracks and two chapters.
     static const QString &tracks()
     {
-        static const QString path = make(
-            u"tracks.mp4"_s,
-            clipInputs(4)
-                + QStringList{u"-i"_s, srt(), u"-i"_s, srt(), u"-i"_s, germanSrt(), u"-i"_s, chapters(), u"-map"_s, u"0"_s,
-                              u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-map"_s, u"3"_s, u"-map"_s, u"4"_s,
-                              u"-map_chapters"_s, u"5"_s}
-                + clipCodecs()
-                + QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s, u"-metadata:s:s:1"_s,
-                              u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s});
+        static const QString path =
+            make(u"tracks.mp4"_s, clipInputs(4) +
+                                      QStringList{u"-i"_s,
+                                                  srt(),
+                                                  u"-i"_s,
+                                                  srt(),
+                                                  u"-i"_s,
+                                                  germanSrt(),
+                                                  u"-i"_s,
+                                                  chapters(),
+                                                  u"-map"_s,
+                                                  u"0"_s,
+                                                  u"-map"_s,
+                                                  u"1"_s,
+                                                  u"-map"_s,
+                                                  u"2"_s,
+                                                  u"-map"_s,
+                                                  u"3"_s,
+                                                  u"-map"_s,
+                                                  u"4"_s,
+                                                  u"-map_chapters"_s,
+                                                  u"5"_s} +
+                                      clipCodecs() +
+                                      QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s,
+                                                  u"language=eng"_s, u"-metadata:s:s:1"_s, u"language=eng"_s,
+                                                  u"-metadata:s:s:2"_s, u"language=ger"_s});
         return path;
     }
     // 30 s, every frame a key frame: long enough to cancel mid-run.
     static const QString &longer()
     {
-        static const QString path = make(u"longer.mp4"_s,
-                                         QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=30:s=320x240:r=25"_s,
-                                                     u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=d=30"_s}
-                                             + clipCodecs() + QStringList{u"-g"_s, u"1"_s});
+        static const QString path =
+            make(u"longer.mp4"_s, QStringList{u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=30:s=320x240:r=25"_s,
+                                              u"-f"_s, u"lavfi"_s, u"-i"_s, u"sine=d=30"_s} +
+                                      clipCodecs() + QStringList{u"-g"_s, u"1"_s});
         return path;
     }
     // MKV with a SubRip track and chapters.
@@ -64,18 +82,18 @@ public:
     {
         static const QString path = make(
             u"matroska.mkv"_s,
-            clipInputs(4)
-                + QStringList{u"-i"_s, srt(), u"-i"_s, chapters(), u"-map"_s, u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s,
-                              u"-map_chapters"_s, u"3"_s}
-                + clipCodecs() + QStringList{u"-c:s"_s, u"srt"_s, u"-metadata:s:s:0"_s, u"language=eng"_s});
+            clipInputs(4) +
+                QStringList{u"-i"_s, srt(), u"-i"_s, chapters(), u"-map"_s, u"0"_s, u"-map"_s, u"1"_s,
+                            u"-map"_s, u"2"_s, u"-map_chapters"_s, u"3"_s} +
+                clipCodecs() + QStringList{u"-c:s"_s, u"srt"_s, u"-metadata:s:s:0"_s, u"language=eng"_s});
         return path;
     }
     // MKV whose audio MP4 cannot carry.
     static const QString &pcm()
     {
         static const QString path =
-            make(u"pcm.mkv"_s, clipInputs(2) + QStringList{u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s,
-                                                          u"-c:a"_s, u"pcm_s16le"_s});
+            make(u"pcm.mkv"_s, clipInputs(2) + QStringList{u"-c:v"_s, u"libx264"_s, u"-preset"_s,
+                                                           u"ultrafast"_s, u"-c:a"_s, u"pcm_s16le"_s});
         return path;
     }
 
@@ -140,8 +158,8 @@ QStringList streamSummary(const QJsonObject &probed)
     QStringList out;
     for (const QJsonValue &value : probed[u"streams"_s].toArray()) {
         const QJsonObject stream = value.toObject();
-        out.append(stream[u"codec_type"_s].toString() + u'/' + stream[u"codec_tag_string"_s].toString() + u'/'
-                   + stream[u"tags"_s].toObject()[u"language"_s].toString());
+        out.append(stream[u"codec_type"_s].toString() + u'/' + stream[u"codec_tag_string"_s].toString() +
+                   u'/' + stream[u"tags"_s].toObject()[u"language"_s].toString());
     }
     return out;
 }
@@ -151,6 +169,27 @@ QStringList chapterTitles(const QJsonObject &probed)
     QStringList out;
     for (const QJsonValue &value : probed[u"chapters"_s].toArray())
         out.append(value.toObject()[u"tags"_s].toObject()[u"title"_s].toString());
+    return out;
+}
+
+// "start+duration:size" of every packet of one stream, as ffprobe reads them.
+QStringList packetsOf(const QString &path, int stream)
+{
+    QProcess process;
+    process.start(u"ffprobe"_s,
+                  {u"-v"_s, u"error"_s, u"-select_streams"_s, QString::number(stream), u"-show_entries"_s,
+                   u"packet=pts_time,duration_time,size"_s, u"-of"_s, u"csv=p=0"_s, path});
+    process.waitForFinished(30'000);
+    QStringList out;
+    const QStringList lines =
+        QString::fromUtf8(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString &line : lines) {
+        const QStringList fields = line.split(u',');
+        if (fields.size() == 3)
+            out.append(u"%1+%2:%3"_s.arg(fields[0].toDouble(), 0, 'f', 3)
+                           .arg(fields[1].toDouble(), 0, 'f', 3)
+                           .arg(fields[2]));
+    }
     return out;
 }
 
@@ -195,10 +234,11 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
     EXPECT_EQ(status->progress(), ProgressStatus::Waiting);
     EXPECT_EQ(status->title(), u"Embedding Subtitles into movie"_s);
     QList<double> progresses;
-    auto token = status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
-        if (change == Observable::Change::Did)
-            progresses.append(status->progress());
-    });
+    auto token =
+        status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
+            if (change == Observable::Change::Did)
+                progresses.append(status->progress());
+        });
     runToEnd(*embedder);
 
     EXPECT_EQ(delegate.started, 1);
@@ -207,23 +247,28 @@ TEST(Embedder, WritesSubtitleFilesAndChaptersIntoAnM4V)
     // Done, then the final "stopped" of the completion, which a success also ends with.
     ASSERT_GE(progresses.size(), 3);
     EXPECT_EQ(progresses.first(), 0);
-    EXPECT_EQ(progresses.mid(progresses.size() - 3), (QList<double>{2, 3, -1}));
+    EXPECT_EQ(progresses.mid(progresses.size() - 4), (QList<double>{1, 2, 3, -1}));
     EXPECT_EQ(status->message(), QString());
     EXPECT_EQ(status->relatedURL(), dir.path(u"movie-Output.m4v"_s));
     EXPECT_EQ(bytesOf(movie), source);
 
     const QString output = embedder->outputMoviePath();
     const QJsonObject probed = probe(output);
-    EXPECT_EQ(streamSummary(probed), (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s, u"subtitle/tx3g/deu"_s,
-                                                  u"subtitle/tx3g/eng"_s, u"data/text/eng"_s}));
+    EXPECT_EQ(streamSummary(probed),
+              (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s, u"subtitle/tx3g/deu"_s,
+                           u"subtitle/tx3g/eng"_s, u"data/text/eng"_s}));
     EXPECT_EQ(chapterTitles(probed), (QStringList{u"Opening"_s, u"Closing"_s}));
     EXPECT_NEAR(probed[u"format"_s].toObject()[u"duration"_s].toString().toDouble(), 4.0, 0.1);
-    EXPECT_EQ(probed[u"streams"_s].toArray()[2].toObject()[u"tags"_s].toObject()[u"handler_name"_s].toString(),
-              u"SubtitleHandler"_s);
+    EXPECT_EQ(
+        probed[u"streams"_s].toArray()[2].toObject()[u"tags"_s].toObject()[u"handler_name"_s].toString(),
+        u"SubtitleHandler"_s);
     // Our sample description and samples are in the file byte for byte.
     const QByteArray fileBytes = bytesOf(output);
     EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSampleDescription(0)));
     EXPECT_TRUE(fileBytes.contains(TimedText::tx3gSamplePayload(u"Hello"_s, false)));
+    // The English track is the cues with empty samples in the gaps, and nothing else.
+    EXPECT_EQ(packetsOf(output, 3),
+              (QStringList{u"0.000+0.500:2"_s, u"0.500+1.000:7"_s, u"1.500+0.500:2"_s, u"2.000+1.000:7"_s}));
     // Fast start: the index lies before the media data.
     const QStringList boxes = topLevelBoxes(output);
     ASSERT_TRUE(boxes.contains(u"moov"_s) && boxes.contains(u"mdat"_s)) << boxes.join(u' ').toStdString();
@@ -250,21 +295,23 @@ TEST(Embedder, CandidateRows)
         QStringList out;
         const std::shared_ptr<CTSubtitleEmbedder> embedder = embedderFor(movie);
         for (const CandidateRow &row : embedder->subtitles())
-            out.append(u"%1 %2 %3 %4"_s.arg(row.integrate ? u"+"_s : u"-"_s, row.language, row.source, row.location));
+            out.append(u"%1 %2 %3 %4"_s.arg(row.integrate ? u"+"_s : u"-"_s, row.language, row.source,
+                                            row.location));
         return out;
     };
     // Only the movie's own tracks: all of them go in.
-    EXPECT_EQ(rowsText(), (QStringList{u"+ English embedded Movie-Track: 3"_s, u"- English embedded Movie-Track: 4"_s,
-                                       u"+ Deutsch embedded Movie-Track: 5"_s,
-                                       u"+ Chapter Marks embedded Movie-Track: 6"_s}));
+    EXPECT_EQ(
+        rowsText(),
+        (QStringList{u"+ English embedded Movie-Track: 3"_s, u"- English embedded Movie-Track: 4"_s,
+                     u"+ Deutsch embedded Movie-Track: 5"_s, u"+ Chapter Marks embedded Movie-Track: 6"_s}));
     // An English file beside the movie replaces its English tracks; a chapter file its chapters.
     writeSubRip(dir.path(u"movie.en.srt"_s), kEnglish);
     dir.write(u"movie.vtt"_s, "WEBVTT\n\n1\n00:00:00.000 --> 00:00:04.000\nAll\n");
-    EXPECT_EQ(rowsText(), (QStringList{u"+ English Subtitle external movie.en.srt"_s,
-                                       u"- English embedded Movie-Track: 3"_s, u"- English embedded Movie-Track: 4"_s,
-                                       u"+ Deutsch embedded Movie-Track: 5"_s,
-                                       u"+ Chapter Marks external movie.vtt"_s,
-                                       u"- Chapter Marks embedded Movie-Track: 6"_s}));
+    EXPECT_EQ(
+        rowsText(),
+        (QStringList{u"+ English Subtitle external movie.en.srt"_s, u"- English embedded Movie-Track: 3"_s,
+                     u"- English embedded Movie-Track: 4"_s, u"+ Deutsch embedded Movie-Track: 5"_s,
+                     u"+ Chapter Marks external movie.vtt"_s, u"- Chapter Marks embedded Movie-Track: 6"_s}));
     EXPECT_FALSE(CTSubtitleEmbedder::integrateLanguage(QString(), {}));
 }
 
@@ -278,11 +325,24 @@ TEST(Embedder, CarriesOverTheChosenTracksAndTheMoviesChapters)
     embedder->subtitles()[1].integrate = true;
     RecordingEmbedderDelegate delegate;
     embedder->setDelegate(&delegate);
+    auto status = std::make_shared<ProgressStatus>();
+    embedder->setStatus(status);
+    QList<double> progresses;
+    auto token =
+        status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
+            if (change == Observable::Change::Did)
+                progresses.append(status->progress());
+        });
     runToEnd(*embedder);
+    // The fraction is the mean over all six tracks of the movie, of which only the video and
+    // the audio track report: done, it is 2/6.
+    ASSERT_GE(progresses.size(), 4);
+    EXPECT_DOUBLE_EQ(progresses[progresses.size() - 4], 2.0 / 6.0);
     ASSERT_EQ(delegate.successes, 1);
     const QJsonObject probed = probe(embedder->outputMoviePath());
-    EXPECT_EQ(streamSummary(probed), (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s, u"subtitle/tx3g/eng"_s,
-                                                  u"subtitle/tx3g/ger"_s, u"data/text/eng"_s}));
+    EXPECT_EQ(streamSummary(probed),
+              (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s, u"subtitle/tx3g/eng"_s,
+                           u"subtitle/tx3g/ger"_s, u"data/text/eng"_s}));
     EXPECT_EQ(chapterTitles(probed), (QStringList{u"Intro"_s, u"Main"_s}));
 }
 
@@ -297,8 +357,8 @@ TEST(Embedder, MatroskaIsRemuxedWithItsSubRipTrackAsTimedText)
     ASSERT_EQ(delegate.successes, 1);
     const QString output = embedder->outputMoviePath();
     const QJsonObject probed = probe(output);
-    EXPECT_EQ(streamSummary(probed),
-              (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s, u"subtitle/tx3g/eng"_s, u"data/text/eng"_s}));
+    EXPECT_EQ(streamSummary(probed), (QStringList{u"video/avc1/und"_s, u"audio/mp4a/und"_s,
+                                                  u"subtitle/tx3g/eng"_s, u"data/text/eng"_s}));
     EXPECT_EQ(chapterTitles(probed), (QStringList{u"Intro"_s, u"Main"_s}));
     RecordingExtractorDelegate extracted;
     auto extractor = CTSubtitleExtractor::initWithAsset(MovieAsset::open(output), output, nullptr);
@@ -309,7 +369,8 @@ TEST(Embedder, MatroskaIsRemuxedWithItsSubRipTrackAsTimedText)
     // samples start at -23 ms in Matroska): the cues keep their place against the picture.
     const QJsonArray streams = probed[u"streams"_s].toArray();
     const double videoStart = streams[0].toObject()[u"start_time"_s].toString().toDouble();
-    const std::optional<SubtitleList> cues = VHSubtitle::subtitlesFromFileAtURL(dir.path(u"movie-Output.en.srt"_s));
+    const std::optional<SubtitleList> cues =
+        VHSubtitle::subtitlesFromFileAtURL(dir.path(u"movie-Output.en.srt"_s));
     ASSERT_TRUE(cues);
     ASSERT_EQ(cues->size(), 2);
     EXPECT_EQ((*cues)[0]->string(), u"Hello"_s);
@@ -353,9 +414,9 @@ TEST(EmbedderFailure, BrokenSubtitleFileAsksToContinueOrCancel)
         LogCapture log;
         runToEnd(*embedder);
         ASSERT_EQ(prompter.prompts.size(), 1);
-        EXPECT_EQ(prompter.prompts[0].message,
-                  u"Subtitle 'movie.fr.srt' cannot be embedded (file or structure broken).\n Do you want to continue "
-                  "embedding without this subtitle"_s);
+        EXPECT_EQ(prompter.prompts[0].message, u"Subtitle 'movie.fr.srt' cannot be embedded (file or "
+                                               u"structure broken).\n Do you want to continue "
+                                               "embedding without this subtitle"_s);
         EXPECT_EQ(prompter.prompts[0].buttons, (QStringList{u"Continue"_s, u"Cancel"_s}));
         EXPECT_EQ(log.count(u"Error: Subtitle %1 cannot be embedded!"_s.arg(dir.path(u"movie.fr.srt"_s))), 1);
         if (answer == 0) {
@@ -413,8 +474,9 @@ TEST(EmbedderFailure, CodecsMP4CannotCarryAreNamed)
     LogCapture log;
     runToEnd(*embedder);
     EXPECT_EQ(delegate.failures, 1);
-    EXPECT_EQ(embedder->status()->errorMessage(),
-              u"Movie-Track: 2 cannot be written into an M4V movie: its codec pcm_s16le is not one MP4 can carry"_s);
+    EXPECT_EQ(
+        embedder->status()->errorMessage(),
+        u"Movie-Track: 2 cannot be written into an M4V movie: its codec pcm_s16le is not one MP4 can carry"_s);
     EXPECT_FALSE(QFileInfo::exists(embedder->outputMoviePath()));
 }
 
@@ -430,12 +492,13 @@ TEST(EmbedderFailure, CancelMidRunLeavesNoOutput)
     embedder->setStatus(status);
     // The run starts inside createM4V(); the cancel reaches the writer thread while it copies.
     bool cancelled = false;
-    auto token = status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
-        if (change == Observable::Change::Did && status->progress() == 0 && !cancelled) {
-            cancelled = true;
-            MainQueue::main().post([status] { status->cancel(); });
-        }
-    });
+    auto token =
+        status->observeKey(u"progress"_s, [&](Observable *, const QString &, Observable::Change change) {
+            if (change == Observable::Change::Did && status->progress() == 0 && !cancelled) {
+                cancelled = true;
+                MainQueue::main().post([status] { status->cancel(); });
+            }
+        });
     runToEnd(*embedder);
     EXPECT_TRUE(cancelled);
     EXPECT_EQ(delegate.successes + delegate.failures, 0);
@@ -465,8 +528,10 @@ TEST(EmbeddingFinished, KeepsTheOriginalAndMovesTheResult)
     LogCapture log;
     EXPECT_EQ(moveEmbeddedMovieIntoPlace(dir.path(u"Film.m4v"_s), dir.path(u"missing.m4v"_s)), QString());
     ASSERT_EQ(log.lines().size(), 1);
-    EXPECT_TRUE(log.lines()[0].startsWith(u"Warning: Movie with embedded subtitles could not be renamed, because "_s));
-    EXPECT_TRUE(log.lines()[0].endsWith(u"\n%1 --> %2"_s.arg(dir.path(u"missing.m4v"_s), dir.path(u"Film.m4v"_s))));
+    EXPECT_TRUE(log.lines()[0].startsWith(
+        u"Warning: Movie with embedded subtitles could not be renamed, because "_s));
+    EXPECT_TRUE(
+        log.lines()[0].endsWith(u"\n%1 --> %2"_s.arg(dir.path(u"missing.m4v"_s), dir.path(u"Film.m4v"_s))));
 }
 
 TEST(EmbeddingFinished, ProjectState)
@@ -478,8 +543,9 @@ TEST(EmbeddingFinished, ProjectState)
     EXPECT_EQ(project.embeddingState(), 0);
     subtitleEmbedderStarted(project, dir.path(u"Film.mp4"_s));
     EXPECT_EQ(project.embeddingState(), 1);
-    EXPECT_EQ(subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), false),
-              QString());
+    EXPECT_EQ(
+        subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), false),
+        QString());
     EXPECT_EQ(project.embeddingState(), 2);
 
     // Success on the movie being edited: state 0, the renames, the notice and the reload.
@@ -488,12 +554,14 @@ TEST(EmbeddingFinished, ProjectState)
     project.setEmbeddingState(1);
     ScriptedPrompter prompter;
     ScopedPrompter scoped(&prompter);
-    EXPECT_EQ(subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), true),
-              dir.path(u"Film.m4v"_s));
+    EXPECT_EQ(
+        subtitleEmbedderDidFinish(project, dir.path(u"Film.mp4"_s), dir.path(u"Film-Output.m4v"_s), true),
+        dir.path(u"Film.m4v"_s));
     EXPECT_EQ(project.embeddingState(), 0);
     ASSERT_EQ(prompter.prompts.size(), 1);
-    EXPECT_EQ(prompter.prompts[0].message, u"Finished embedding the file you are currently editing. We need to reload "
-                                           "the file to avoid conflicts."_s);
+    EXPECT_EQ(prompter.prompts[0].message,
+              u"Finished embedding the file you are currently editing. We need to reload "
+              "the file to avoid conflicts."_s);
     EXPECT_EQ(project.moviePath(), dir.path(u"Film.m4v"_s));
     EXPECT_EQ(dir.entries(), (QStringList{u"Film Original.mp4"_s, u"Film.m4v"_s}));
 }

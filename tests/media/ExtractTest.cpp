@@ -28,12 +28,30 @@ const QString &trackMovie()
                    "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2000\nEND=3000\ntitle=Main\n");
         file.close();
         const QString path = dir.filePath(u"tracks.mp4"_s);
-        ffmpeg(clipInputs(3) + QStringList{u"-i"_s, srt, u"-i"_s, srt, u"-i"_s, srt, u"-i"_s, chapters, u"-map"_s,
-                                           u"0"_s, u"-map"_s, u"1"_s, u"-map"_s, u"2"_s, u"-map"_s, u"3"_s,
-                                           u"-map"_s, u"4"_s, u"-map_chapters"_s, u"5"_s}
-               + clipCodecs()
-               + QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s,
-                             u"-metadata:s:s:1"_s, u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s, path});
+        ffmpeg(clipInputs(3) + QStringList{u"-i"_s,
+                                           srt,
+                                           u"-i"_s,
+                                           srt,
+                                           u"-i"_s,
+                                           srt,
+                                           u"-i"_s,
+                                           chapters,
+                                           u"-map"_s,
+                                           u"0"_s,
+                                           u"-map"_s,
+                                           u"1"_s,
+                                           u"-map"_s,
+                                           u"2"_s,
+                                           u"-map"_s,
+                                           u"3"_s,
+                                           u"-map"_s,
+                                           u"4"_s,
+                                           u"-map_chapters"_s,
+                                           u"5"_s} +
+               clipCodecs() +
+               QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s,
+                           u"-metadata:s:s:1"_s, u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s,
+                           path});
         return path;
     }();
     return movie;
@@ -60,6 +78,9 @@ TEST(Extractor, NamesFilesPerLanguageAndReadsTheCues)
     const QString movie = dir.path(u"movie.mp4"_s);
     ASSERT_TRUE(QFile::copy(trackMovie(), movie));
     std::shared_ptr<const MovieAsset> asset = MovieAsset::open(movie);
+    ASSERT_TRUE(asset);
+    EXPECT_EQ(asset->fps(), 25);
+    EXPECT_NEAR(asset->duration(), 3, 0.1);
     EXPECT_EQ(CTSubtitleExtractor::extractableSubtitles(asset.get()), 3);
     EXPECT_TRUE(CTSubtitleExtractor::extractableChapterMark(asset.get()));
     EXPECT_EQ(CTSubtitleExtractor::extractableSubtitles(nullptr), 0);
@@ -89,7 +110,8 @@ TEST(Extractor, ExistingFilesAreAskedAboutOrKeptWithOnlyMissing)
         extract(movie, true, false, true, run);
         EXPECT_TRUE(prompter.prompts.isEmpty());
         EXPECT_EQ(dir.read(u"movie.en.srt"_s), QByteArray("mine"));
-        EXPECT_EQ(run.extractor->queuedPaths(), (QStringList{dir.path(u"movie.en-1.srt"_s), dir.path(u"movie.de.srt"_s)}));
+        EXPECT_EQ(run.extractor->queuedPaths(),
+                  (QStringList{dir.path(u"movie.en-1.srt"_s), dir.path(u"movie.de.srt"_s)}));
     }
     struct Case
     {
@@ -116,7 +138,8 @@ TEST(Extractor, ExistingFilesAreAskedAboutOrKeptWithOnlyMissing)
             EXPECT_EQ(dir.read(u"movie.en.srt"_s), c.enContent);
         EXPECT_EQ(run.extractor->queuedPaths().size(), c.answer == 2 ? 2 : 3) << c.answer;
         if (c.keptBoth) {
-            EXPECT_TRUE(dir.entries().contains(u"movie-1.en.srt"_s)) << dir.entries().join(u' ').toStdString();
+            EXPECT_TRUE(dir.entries().contains(u"movie-1.en.srt"_s))
+                << dir.entries().join(u' ').toStdString();
         }
     }
 }

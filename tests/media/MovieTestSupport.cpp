@@ -33,8 +33,9 @@ void ffmpeg(const QStringList &args)
 
 QJsonObject probe(const QString &path)
 {
-    const QByteArray json = runTool(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-of"_s, u"json"_s, u"-show_streams"_s,
-                                                   u"-show_chapters"_s, u"-show_format"_s, path});
+    const QByteArray json =
+        runTool(u"ffprobe"_s, {u"-v"_s, u"error"_s, u"-of"_s, u"json"_s, u"-show_streams"_s,
+                               u"-show_chapters"_s, u"-show_format"_s, path});
     return QJsonDocument::fromJson(json).object();
 }
 
@@ -98,6 +99,7 @@ QStringList cueLines(const QString &path)
     if (!cues)
         return lines;
     for (const SubtitlePtr &cue : *cues)
-        lines.append(u"%1-%2 %3"_s.arg(cue->start(), 0, 'f', 3).arg(cue->end(), 0, 'f', 3).arg(cue->string()));
+        lines.append(
+            u"%1-%2 %3"_s.arg(cue->start(), 0, 'f', 3).arg(cue->end(), 0, 'f', 3).arg(cue->string()));
     return lines;
 }

@@ -59,14 +59,16 @@ TEST(SubtitleReader, RepairsTimingAndFillsGaps)
     const QString path = writeSubRip(dir.path(u"movie.srt"_s), {{0, 1, u"A"_s}, {5, 5.03, u"short"_s}});
     ASSERT_TRUE(CTSubtitleReader::initForFile(path, 25, 100));
     ASSERT_EQ(log.lines().size(), 1);
-    EXPECT_TRUE(log.lines()[0].startsWith(u"Warning: Zero duration subtitle 00:00:05,000 --> "_s)) << log.lines()[0].toStdString();
+    EXPECT_TRUE(log.lines()[0].startsWith(u"Warning: Zero duration subtitle 00:00:05,000 --> "_s))
+        << log.lines()[0].toStdString();
 }
 
 TEST(SubtitleReader, ForcedFlagsAndSamples)
 {
     TempDir dir;
     auto write = [&](const QString &name, bool secondForced) {
-        const SubtitleList cues = {VHSubtitle::create(u"A"_s, 1, 2, true), VHSubtitle::create(u"B"_s, 3, 4, secondForced)};
+        const SubtitleList cues = {VHSubtitle::create(u"A"_s, 1, 2, true),
+                                   VHSubtitle::create(u"B"_s, 3, 4, secondForced)};
         EXPECT_TRUE(VHSubtitle::writeSubtitles(cues, dir.path(name)));
         return dir.path(name);
     };
@@ -109,7 +111,9 @@ TEST(SubtitleReader, LanguageFromTheFileNameAndMetadata)
     {
         QString name;
         QString language;
-    } cases[] = {{u"movie.en.srt"_s, u"en"_s}, {u"movie.eng.srt"_s, u"en"_s}, {u"movie.ger.srt"_s, u"de"_s},
+    } cases[] = {{u"movie.en.srt"_s, u"en"_s},
+                 {u"movie.eng.srt"_s, u"en"_s},
+                 {u"movie.ger.srt"_s, u"de"_s},
                  {u"movie.srt"_s, u""_s}};
     for (const Case &c : cases) {
         std::unique_ptr<CTSubtitleReader> reader =

@@ -54,13 +54,13 @@ TEST(TimedTextPayload, ChapterSamplesAreUtf16WithMarkAndEncodingBox)
 
 TEST(TimedTextPayload, Tx3gSampleDescriptionBytes)
 {
-    const QByteArray expected = hex("c0000000" // display flags
-                                    "00 00"    // justification
-                                    "000000ff" // background
-                                    "0000 0000 0000 0000" // text box
-                                    "0000 0000 0001 00 ff ffffffff" // style record
+    const QByteArray expected = hex("c0000000"                       // display flags
+                                    "00 00"                          // justification
+                                    "000000ff"                       // background
+                                    "0000 0000 0000 0000"            // text box
+                                    "0000 0000 0001 00 ff ffffffff"  // style record
                                     "00000017 66746162 0001 0001 0a" // ftab, one font
-                                    "53616e732d5365726966");        // "Sans-Serif"
+                                    "53616e732d5365726966");         // "Sans-Serif"
     EXPECT_EQ(TimedText::tx3gSampleDescription(TimedText::AllSamplesForced), expected);
     EXPECT_EQ(TimedText::tx3gSampleDescription(0).left(4), hex("00000000"));
     EXPECT_EQ(TimedText::tx3gSampleDescription(TimedText::SomeSamplesForced).left(4), hex("40000000"));
