@@ -48,7 +48,10 @@ VHTimeValueTransformer::Fields VHTimeValueTransformer::fields(double t)
     const double m = fastFloor(r / 60);
     const double sPrime = r - m * 60;
     const double s = fastFloor(sPrime);
-    const double ms = fastFloor((sPrime - s) * 1000);
+    // Milliseconds are truncated, but a time read as "03,900" is the double just below 3.9:
+    // the millionth of a millisecond added keeps such a time from losing a millisecond on
+    // every read and write, and is far below anything a time text can say.
+    const double ms = fastFloor((sPrime - s) * 1000 + 1e-6);
     return {TimeText::toInt(h), TimeText::toInt(m), TimeText::toInt(s), TimeText::toInt(ms), h, m};
 }
 

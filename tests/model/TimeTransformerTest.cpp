@@ -29,12 +29,26 @@ TEST(TimeTransformerWriting, FullFormShowsEveryFieldSuccinctDropsLeadingZeroOnes
         {3723.045, u"01:02:03,045"_s, u"01:02:03,045"_s}, {3599.5, u"00:59:59,500"_s, u"59:59,500"_s},
         {65.25, u"00:01:05,250"_s, u"01:05,250"_s},       {59.9999, u"00:00:59,999"_s, u"59,999"_s},
         {1.9999, u"00:00:01,999"_s, u"1,999"_s},          {360000.25, u"100:00:00,250"_s, u"100:00:00,250"_s},
+        {3.9, u"00:00:03,900"_s, u"3,900"_s},             {61.3, u"00:01:01,300"_s, u"01:01,300"_s},
     };
     for (const auto &c : cases) {
         EXPECT_EQ(full.transformedValue(c.seconds), c.full);
         EXPECT_EQ(succinct.transformedValue(c.seconds), c.succinct);
     }
     EXPECT_EQ(withSymbol<VHTimeValueTransformer>(u"."_s).transformedValue(3723.045), u"01:02:03.045"_s);
+}
+
+// Whatever a file says survives reading and writing: no millisecond is lost to the double
+// just below the time read.
+TEST(TimeTransformerReading, EveryMillisecondReadIsWrittenBackUnchanged)
+{
+    const auto full = withSymbol<VHTimeValueTransformer>(u","_s);
+    for (const QString &prefix : {u"00:00:03,"_s, u"00:01:01,"_s, u"00:59:59,"_s, u"27:46:39,"_s, u"99:59:59,"_s}) {
+        for (int ms = 0; ms < 1000; ++ms) {
+            const QString text = prefix + u"%1"_s.arg(ms, 3, 10, QChar(u'0'));
+            ASSERT_EQ(full.transformedValue(full.reverseTransformedValue(text)), text);
+        }
+    }
 }
 
 TEST(TimeTransformerReading, AcceptsBothSymbolsUnlimitedFieldsAndReadsTheFractionDigitByDigitFromItsEnd)
