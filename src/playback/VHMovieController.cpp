@@ -340,7 +340,9 @@ void VHMovieController::jumpToBeginning()
 void VHMovieController::drainMpvEvents()
 {
     m_drainPosted = false;
-    while (m_mpv) {
+    // A delegate may delete this controller from one of its calls: stop draining then.
+    const QPointer<VHMovieController> alive(this);
+    while (alive && m_mpv) {
         mpv_event *event = mpv_wait_event(m_mpv.get(), 0);
         switch (event->event_id) {
         case MPV_EVENT_NONE:
@@ -431,8 +433,10 @@ void VHMovieController::movieBecameReady()
             m_fps = containerFps;
     }
     m_waitingForReady = false;
+    const QPointer<VHMovieController> alive(this);
     setCurrentTime(m_targetTime);
-    reportLoaded();
+    if (alive)
+        reportLoaded();
 }
 
 void VHMovieController::renderSoftwareFrame()

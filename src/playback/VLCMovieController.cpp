@@ -266,12 +266,16 @@ void VLCMovieController::movieStateChanged(int eventType)
             m_isLoading = false;
             // The movie's own subtitles stay off.
             libvlc_video_set_spu(m_vlcPlayer, -1);
-            reportLoaded();
         }
         if (names)
             libvlc_track_description_list_release(names);
         if (tracks)
             libvlc_media_tracks_release(tracks, count);
+        if (!m_isLoading) {
+            // Last: the delegate may delete this controller.
+            reportLoaded();
+            return;
+        }
     }
     // Until the pause that ends playing onto a frame holds, the player still says it plays.
     if (m_pausingAfterStep) {
