@@ -362,3 +362,32 @@ TEST(MovieController, ReplacingAndUnloadingTheMovie)
     waitFor([] { return false; }, 200);
     EXPECT_EQ(player.delegate.failed, 0); // stopping is not a failure
 }
+
+// The project may drop a controller from inside one of its reports.
+TEST(MovieController, ADelegateMayDeleteTheControllerFromItsReport)
+{
+    struct Dropping : PlaybackControlDelegate
+    {
+        VHMovieController *controller = nullptr;
+        int calls = 0;
+        void drop()
+        {
+            ++calls;
+            delete std::exchange(controller, nullptr);
+        }
+        void movieControllerDidLoadMovie(PlaybackControl *) override { drop(); }
+        void movieControllerFaildLoading(PlaybackControl *) override { drop(); }
+        void movieControllerChangedPlaying(PlaybackControl *, bool) override {}
+        void movieControllerChangedTime(PlaybackControl *, double) override {}
+    };
+    const QString movies[] = {brokenMovie(), testMovie(), testMovie()};
+    for (int i = 0; i < 3; ++i) {
+        Dropping delegate;
+        delegate.controller = i < 2 ? new VHMovieController : new VLCMovieController;
+        delegate.controller->setDelegate(&delegate);
+        ASSERT_TRUE(delegate.controller->loadMovieURL(movies[i]));
+        EXPECT_TRUE(waitFor([&] { return delegate.calls > 0; })) << i;
+        waitFor([] { return false; }, 200); // events queued for the deleted controller go nowhere
+        EXPECT_EQ(delegate.calls, 1);
+    }
+}
