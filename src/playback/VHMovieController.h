@@ -58,6 +58,8 @@ public:
     // The controller of a kind, for the project's PlaybackControlFactory: 1 libmpv
     // (VHMovieController), 2 libVLC (VLCMovieController), anything else none.
     static VHMovieController *controllerOfKind(int kind, QObject *parent = nullptr);
+    // The view of a controller of either kind (null for other PlaybackControls).
+    static QWidget *viewOf(PlaybackControl *controller);
 
     // --- PlaybackControl ---------------------------------------------------------------
     int kind() const override { return 1; }

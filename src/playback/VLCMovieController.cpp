@@ -80,6 +80,12 @@ VHMovieController *VHMovieController::controllerOfKind(int kind, QObject *parent
     return nullptr;
 }
 
+QWidget *VHMovieController::viewOf(PlaybackControl *controller)
+{
+    auto *movieController = dynamic_cast<VHMovieController *>(controller);
+    return movieController ? movieController->view() : nullptr;
+}
+
 VLCMovieController::VLCMovieController(QObject *parent)
     : VHMovieController(Backend::Images, parent)
     , m_sink(std::make_unique<FrameSink>())

@@ -324,6 +324,7 @@ TEST(MovieController, TheFactoryMakesThePlayerOfEachKind)
             ASSERT_TRUE(controller) << kind;
             EXPECT_EQ(controller->kind(), kind);
             EXPECT_EQ(dynamic_cast<VLCMovieController *>(controller.get()) != nullptr, kind == 2);
+            EXPECT_EQ(VHMovieController::viewOf(controller.get()), controller->view());
         } else {
             EXPECT_FALSE(controller) << kind;
         }
