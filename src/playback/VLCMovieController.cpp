@@ -140,6 +140,9 @@ void VLCMovieController::onEvent(const libvlc_event_t *event, void *controller)
 void VLCMovieController::takeFrame()
 {
     m_sink->posted = false;
+    // After playing onto a frame, the frames decoded before the pause took hold stay hidden.
+    if (!m_media || m_holdFrame)
+        return;
     QImage frame;
     {
         QMutexLocker lock(&m_sink->mutex);
@@ -155,9 +158,6 @@ void VLCMovieController::takeFrame()
         for (int x = 0; x < frame.width(); ++x)
             line[x] |= 0xff000000u;
     }
-    // After playing onto a frame, the frames decoded before the pause took hold stay hidden.
-    if (!m_media || m_holdFrame)
-        return;
     if (m_pictureSize.isValid() && !m_pictureSize.isEmpty() && frame.size() != m_pictureSize)
         frame = frame.scaled(m_pictureSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     imageSurface()->setFrame(frame);
@@ -203,11 +203,10 @@ void VLCMovieController::setMovie(const QString &path)
     m_movie = path;
     libvlc_media_add_option(m_media, ":no-sub-autodetect-file");
     m_isLoading = true;
-    libvlc_media_player_play(m_vlcPlayer);
-    libvlc_video_set_spu(m_vlcPlayer, -1);
     // Paused before its first picture, libVLC would show none: play (muted) until the first
     // frame arrives, then pause.
     stepToFrameAt(0);
+    libvlc_video_set_spu(m_vlcPlayer, -1);
 }
 
 void VLCMovieController::stepToFrameAt(double seconds)
