@@ -151,6 +151,9 @@ bool VHMovieController::createPlayer()
     };
     for (const auto &[name, value] : options)
         mpv_set_option_string(mpv, name, value);
+    // Machines without sound (servers, test runs) can skip the search for an audio device.
+    if (qgetenv("CAPTORA_AUDIO_OUTPUT") == "null")
+        mpv_set_option_string(mpv, "ao", "null");
     if (mpv_initialize(mpv) < 0) {
         logLine(u"Error: The movie player could not be started"_s);
         m_mpv.reset();

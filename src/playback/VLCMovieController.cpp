@@ -92,13 +92,16 @@ VLCMovieController::VLCMovieController(QObject *parent)
 {
     m_sink->controller = this;
     // Subtitle files beside the movie are never loaded: Captora draws the cues.
-    const char *arguments[] = {"--no-sub-autodetect-file",
-                               "--no-video-title-show",
-                               "--no-stats",
-                               "--no-snapshot-preview",
-                               "--no-osd",
-                               "--quiet"};
-    m_vlc = libvlc_new(int(std::size(arguments)), arguments);
+    std::vector<const char *> arguments = {"--no-sub-autodetect-file",
+                                           "--no-video-title-show",
+                                           "--no-stats",
+                                           "--no-snapshot-preview",
+                                           "--no-osd",
+                                           "--quiet"};
+    // Machines without sound (servers, test runs) can skip the search for an audio device.
+    if (qgetenv("CAPTORA_AUDIO_OUTPUT") == "null")
+        arguments.push_back("--aout=adummy");
+    m_vlc = libvlc_new(int(arguments.size()), arguments.data());
     if (!m_vlc) {
         logLine(u"Error: The fallback movie player could not be started"_s);
         return;
