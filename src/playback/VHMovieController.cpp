@@ -142,12 +142,19 @@ bool VHMovieController::createPlayer()
     // The movie's own subtitles never show and no subtitle file beside it is loaded:
     // Captora draws the cues. A movie opens paused and stays open at its end.
     const std::pair<const char *, const char *> options[] = {
-        {"vo", "libmpv"},     {"sid", "no"},
-        {"sub-auto", "no"},   {"hr-seek", "yes"},
-        {"keep-open", "yes"}, {"pause", "yes"},
-        {"idle", "yes"},      {"audio-display", "no"},
-        {"ytdl", "no"},       {"input-default-bindings", "no"},
+        {"vo", "libmpv"},
+        {"sid", "no"},
+        {"sub-auto", "no"},
+        {"hr-seek", "yes"},
+        {"keep-open", "yes"},
+        {"pause", "yes"},
+        {"idle", "yes"},
+        {"audio-display", "no"},
+        {"ytdl", "no"},
+        {"input-default-bindings", "no"},
         {"osd-level", "0"},
+        // Decoding runs on the CPU; probing GPU decoders' GL interop only costs start-up time.
+        {"gpu-hwdec-interop", "no"},
     };
     for (const auto &[name, value] : options)
         mpv_set_option_string(mpv, name, value);
