@@ -340,11 +340,15 @@ void VHMovieController::updateScrobberTimed()
 
 void VHMovieController::jumpToBeginning()
 {
-    if (m_mpv && hasMovie()) {
-        const char *seek[] = {"seek", "0", "absolute+exact", nullptr};
-        mpv_command(m_mpv.get(), seek);
-    }
-    updateScrobberTimed();
+    if (!m_mpv || !hasMovie() || m_waitingForReady)
+        return;
+    const char *seek[] = {"seek", "0", "absolute+exact", nullptr};
+    mpv_command_async(m_mpv.get(), 0, seek);
+    // The player's own time follows the seek later; the start is known now.
+    m_currentTime = 0;
+    setSliderFraction(0);
+    tellSubtitleViewTime(0);
+    announceCurrentTime();
 }
 
 void VHMovieController::drainMpvEvents()

@@ -147,6 +147,10 @@ TEST(MovieController, TimesAreClampedToTheMovie)
         EXPECT_EQ(slider->value(), qRound(expected / length * slider->maximum())) << asked;
     }
     EXPECT_TRUE(player.waitPlayerAt(3)) << player.controller.playerTime();
+    player.controller.jumpToBeginning();
+    EXPECT_EQ(player.controller.currentTime(), 0);
+    EXPECT_EQ(player.delegate.times.last(), 0);
+    EXPECT_TRUE(player.waitPlayerAt(0)) << player.controller.playerTime();
 }
 
 TEST(MovieController, WithoutAMovieTimesStayAtZero)
