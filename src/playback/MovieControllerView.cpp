@@ -177,32 +177,38 @@ void VHMovieController::makeFirstResponder()
     m_playButton->setFocus(Qt::OtherFocusReason);
 }
 
+// The reports below go to the signal's listeners first and to the delegate last: either
+// may delete the controller, after which nothing here touches it.
 void VHMovieController::announceCurrentTime()
 {
-    if (m_delegate)
-        m_delegate->movieControllerChangedTime(this, m_currentTime);
+    const QPointer<VHMovieController> alive(this);
     Q_EMIT currentTimeChanged(m_currentTime);
+    if (alive && m_delegate)
+        m_delegate->movieControllerChangedTime(this, m_currentTime);
 }
 
 void VHMovieController::reportLoaded()
 {
-    if (m_delegate)
-        m_delegate->movieControllerDidLoadMovie(this);
+    const QPointer<VHMovieController> alive(this);
     Q_EMIT movieLoaded();
+    if (alive && m_delegate)
+        m_delegate->movieControllerDidLoadMovie(this);
 }
 
 void VHMovieController::reportFailedLoading()
 {
-    if (m_delegate)
-        m_delegate->movieControllerFaildLoading(this);
+    const QPointer<VHMovieController> alive(this);
     Q_EMIT movieFailedLoading();
+    if (alive && m_delegate)
+        m_delegate->movieControllerFaildLoading(this);
 }
 
 void VHMovieController::reportChangedPlaying(bool playing)
 {
-    if (m_delegate)
-        m_delegate->movieControllerChangedPlaying(this, playing);
+    const QPointer<VHMovieController> alive(this);
     Q_EMIT playingChanged(playing);
+    if (alive && m_delegate)
+        m_delegate->movieControllerChangedPlaying(this, playing);
 }
 
 void VHMovieController::setPlayRate(double rate)

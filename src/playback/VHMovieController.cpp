@@ -142,15 +142,25 @@ bool VHMovieController::createPlayer()
     // The movie's own subtitles never show and no subtitle file beside it is loaded:
     // Captora draws the cues. A movie opens paused and stays open at its end.
     const std::pair<const char *, const char *> options[] = {
-        {"vo", "libmpv"},     {"sid", "no"},
-        {"sub-auto", "no"},   {"hr-seek", "yes"},
-        {"keep-open", "yes"}, {"pause", "yes"},
-        {"idle", "yes"},      {"audio-display", "no"},
-        {"ytdl", "no"},       {"input-default-bindings", "no"},
+        {"vo", "libmpv"},
+        {"sid", "no"},
+        {"sub-auto", "no"},
+        {"hr-seek", "yes"},
+        {"keep-open", "yes"},
+        {"pause", "yes"},
+        {"idle", "yes"},
+        {"audio-display", "no"},
+        {"ytdl", "no"},
+        {"input-default-bindings", "no"},
         {"osd-level", "0"},
+        // Decoding runs on the CPU; probing GPU decoders' GL interop only costs start-up time.
+        {"gpu-hwdec-interop", "no"},
     };
     for (const auto &[name, value] : options)
         mpv_set_option_string(mpv, name, value);
+    // Machines without sound (servers, test runs) can skip the search for an audio device.
+    if (qgetenv("CAPTORA_AUDIO_OUTPUT") == "null")
+        mpv_set_option_string(mpv, "ao", "null");
     if (mpv_initialize(mpv) < 0) {
         logLine(u"Error: The movie player could not be started"_s);
         m_mpv.reset();
@@ -330,17 +340,23 @@ void VHMovieController::updateScrobberTimed()
 
 void VHMovieController::jumpToBeginning()
 {
-    if (m_mpv && hasMovie()) {
-        const char *seek[] = {"seek", "0", "absolute+exact", nullptr};
-        mpv_command(m_mpv.get(), seek);
-    }
-    updateScrobberTimed();
+    if (!m_mpv || !hasMovie() || m_waitingForReady)
+        return;
+    const char *seek[] = {"seek", "0", "absolute+exact", nullptr};
+    mpv_command_async(m_mpv.get(), 0, seek);
+    // The player's own time follows the seek later; the start is known now.
+    m_currentTime = 0;
+    setSliderFraction(0);
+    tellSubtitleViewTime(0);
+    announceCurrentTime();
 }
 
 void VHMovieController::drainMpvEvents()
 {
     m_drainPosted = false;
-    while (m_mpv) {
+    // A delegate may delete this controller from one of its calls: stop draining then.
+    const QPointer<VHMovieController> alive(this);
+    while (alive && m_mpv) {
         mpv_event *event = mpv_wait_event(m_mpv.get(), 0);
         switch (event->event_id) {
         case MPV_EVENT_NONE:
@@ -431,8 +447,10 @@ void VHMovieController::movieBecameReady()
             m_fps = containerFps;
     }
     m_waitingForReady = false;
+    const QPointer<VHMovieController> alive(this);
     setCurrentTime(m_targetTime);
-    reportLoaded();
+    if (alive)
+        reportLoaded();
 }
 
 void VHMovieController::renderSoftwareFrame()

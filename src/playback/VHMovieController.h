@@ -40,7 +40,8 @@ struct mpv_render_context;
 // environment when the application object is made). Set Qt::AA_ShareOpenGLContexts before
 // creating the QApplication, so that the video keeps its GL context when the view moves to
 // a full-screen window of its own; without it the player reopens the movie at the same time
-// (a short interruption). CAPTORA_MPV_LOG=<level> (e.g. "v") logs mpv's own messages.
+// (a short interruption). CAPTORA_MPV_LOG=<level> (e.g. "v") logs mpv's own messages;
+// CAPTORA_AUDIO_OUTPUT=null plays without looking for a sound device (both players).
 //
 // Threading: everything runs on the main thread. mpv's wakeup and render-update callbacks
 // only post a queued call to this object, which then drains mpv's events.
@@ -58,6 +59,8 @@ public:
     // The controller of a kind, for the project's PlaybackControlFactory: 1 libmpv
     // (VHMovieController), 2 libVLC (VLCMovieController), anything else none.
     static VHMovieController *controllerOfKind(int kind, QObject *parent = nullptr);
+    // The view of a controller of either kind (null for other PlaybackControls).
+    static QWidget *viewOf(PlaybackControl *controller);
 
     // --- PlaybackControl ---------------------------------------------------------------
     int kind() const override { return 1; }

@@ -80,19 +80,28 @@ VHMovieController *VHMovieController::controllerOfKind(int kind, QObject *parent
     return nullptr;
 }
 
+QWidget *VHMovieController::viewOf(PlaybackControl *controller)
+{
+    auto *movieController = dynamic_cast<VHMovieController *>(controller);
+    return movieController ? movieController->view() : nullptr;
+}
+
 VLCMovieController::VLCMovieController(QObject *parent)
     : VHMovieController(Backend::Images, parent)
     , m_sink(std::make_unique<FrameSink>())
 {
     m_sink->controller = this;
     // Subtitle files beside the movie are never loaded: Captora draws the cues.
-    const char *arguments[] = {"--no-sub-autodetect-file",
-                               "--no-video-title-show",
-                               "--no-stats",
-                               "--no-snapshot-preview",
-                               "--no-osd",
-                               "--quiet"};
-    m_vlc = libvlc_new(int(std::size(arguments)), arguments);
+    std::vector<const char *> arguments = {"--no-sub-autodetect-file",
+                                           "--no-video-title-show",
+                                           "--no-stats",
+                                           "--no-snapshot-preview",
+                                           "--no-osd",
+                                           "--quiet"};
+    // Machines without sound (servers, test runs) can skip the search for an audio device.
+    if (qgetenv("CAPTORA_AUDIO_OUTPUT") == "null")
+        arguments.push_back("--aout=adummy");
+    m_vlc = libvlc_new(int(arguments.size()), arguments.data());
     if (!m_vlc) {
         logLine(u"Error: The fallback movie player could not be started"_s);
         return;
@@ -134,6 +143,9 @@ void VLCMovieController::onEvent(const libvlc_event_t *event, void *controller)
 void VLCMovieController::takeFrame()
 {
     m_sink->posted = false;
+    // After playing onto a frame, the frames decoded before the pause took hold stay hidden.
+    if (!m_media || m_holdFrame)
+        return;
     QImage frame;
     {
         QMutexLocker lock(&m_sink->mutex);
@@ -149,9 +161,6 @@ void VLCMovieController::takeFrame()
         for (int x = 0; x < frame.width(); ++x)
             line[x] |= 0xff000000u;
     }
-    // After playing onto a frame, the frames decoded before the pause took hold stay hidden.
-    if (!m_media || m_holdFrame)
-        return;
     if (m_pictureSize.isValid() && !m_pictureSize.isEmpty() && frame.size() != m_pictureSize)
         frame = frame.scaled(m_pictureSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     imageSurface()->setFrame(frame);
@@ -197,11 +206,10 @@ void VLCMovieController::setMovie(const QString &path)
     m_movie = path;
     libvlc_media_add_option(m_media, ":no-sub-autodetect-file");
     m_isLoading = true;
-    libvlc_media_player_play(m_vlcPlayer);
-    libvlc_video_set_spu(m_vlcPlayer, -1);
     // Paused before its first picture, libVLC would show none: play (muted) until the first
     // frame arrives, then pause.
     stepToFrameAt(0);
+    libvlc_video_set_spu(m_vlcPlayer, -1);
 }
 
 void VLCMovieController::stepToFrameAt(double seconds)
@@ -266,12 +274,16 @@ void VLCMovieController::movieStateChanged(int eventType)
             m_isLoading = false;
             // The movie's own subtitles stay off.
             libvlc_video_set_spu(m_vlcPlayer, -1);
-            reportLoaded();
         }
         if (names)
             libvlc_track_description_list_release(names);
         if (tracks)
             libvlc_media_tracks_release(tracks, count);
+        if (!m_isLoading) {
+            // Last: the delegate may delete this controller.
+            reportLoaded();
+            return;
+        }
     }
     // Until the pause that ends playing onto a frame holds, the player still says it plays.
     if (m_pausingAfterStep) {

@@ -18,6 +18,9 @@ int main(int argc, char **argv)
     // of its own (full screen). One run leaves it out to check the player copes without.
     if (qEnvironmentVariableIsEmpty("CAPTORA_TEST_UNSHARED_GL"))
         QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    // No sound device is needed to check pictures and times.
+    if (qEnvironmentVariableIsEmpty("CAPTORA_AUDIO_OUTPUT"))
+        qputenv("CAPTORA_AUDIO_OUTPUT", "null");
     QApplication app(argc, argv);
     // libmpv needs the C number format, which QApplication has just replaced.
     std::setlocale(LC_NUMERIC, "C");

@@ -147,6 +147,10 @@ TEST(MovieController, TimesAreClampedToTheMovie)
         EXPECT_EQ(slider->value(), qRound(expected / length * slider->maximum())) << asked;
     }
     EXPECT_TRUE(player.waitPlayerAt(3)) << player.controller.playerTime();
+    player.controller.jumpToBeginning();
+    EXPECT_EQ(player.controller.currentTime(), 0);
+    EXPECT_EQ(player.delegate.times.last(), 0);
+    EXPECT_TRUE(player.waitPlayerAt(0)) << player.controller.playerTime();
 }
 
 TEST(MovieController, WithoutAMovieTimesStayAtZero)
@@ -324,6 +328,7 @@ TEST(MovieController, TheFactoryMakesThePlayerOfEachKind)
             ASSERT_TRUE(controller) << kind;
             EXPECT_EQ(controller->kind(), kind);
             EXPECT_EQ(dynamic_cast<VLCMovieController *>(controller.get()) != nullptr, kind == 2);
+            EXPECT_EQ(VHMovieController::viewOf(controller.get()), controller->view());
         } else {
             EXPECT_FALSE(controller) << kind;
         }
@@ -361,4 +366,33 @@ TEST(MovieController, ReplacingAndUnloadingTheMovie)
     EXPECT_TRUE(std::isnan(player.controller.playerTime()));
     waitFor([] { return false; }, 200);
     EXPECT_EQ(player.delegate.failed, 0); // stopping is not a failure
+}
+
+// The project may drop a controller from inside one of its reports.
+TEST(MovieController, ADelegateMayDeleteTheControllerFromItsReport)
+{
+    struct Dropping : PlaybackControlDelegate
+    {
+        VHMovieController *controller = nullptr;
+        int calls = 0;
+        void drop()
+        {
+            ++calls;
+            delete std::exchange(controller, nullptr);
+        }
+        void movieControllerDidLoadMovie(PlaybackControl *) override { drop(); }
+        void movieControllerFaildLoading(PlaybackControl *) override { drop(); }
+        void movieControllerChangedPlaying(PlaybackControl *, bool) override {}
+        void movieControllerChangedTime(PlaybackControl *, double) override {}
+    };
+    const QString movies[] = {brokenMovie(), testMovie(), testMovie()};
+    for (int i = 0; i < 3; ++i) {
+        Dropping delegate;
+        delegate.controller = i < 2 ? new VHMovieController : new VLCMovieController;
+        delegate.controller->setDelegate(&delegate);
+        ASSERT_TRUE(delegate.controller->loadMovieURL(movies[i]));
+        EXPECT_TRUE(waitFor([&] { return delegate.calls > 0; })) << i;
+        waitFor([] { return false; }, 200); // events queued for the deleted controller go nowhere
+        EXPECT_EQ(delegate.calls, 1);
+    }
 }
