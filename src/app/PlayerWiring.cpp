@@ -33,7 +33,12 @@ public:
             [](int kind) -> PlaybackControl * { return VHMovieController::controllerOfKind(kind); },
             [](PlaybackControl *controller) -> QWidget * {
                 auto *movieController = dynamic_cast<VHMovieController *>(controller);
-                return movieController ? movieController->view() : nullptr;
+                if (!movieController)
+                    return nullptr;
+                // The window's own bar under the movie has the player's buttons and the
+                // frame steps; one bar is enough.
+                movieController->setControlBarHidden(true);
+                return movieController->view();
             });
         m_window.setCommandHandler([this](const QString &command) { runCommand(command); });
         CTWindowController *project = m_window.project();

@@ -138,11 +138,17 @@ qsizetype VHMovieController::currentSegmentIndex() const
     return m_subtitleView->currentSegment();
 }
 
+void VHMovieController::setControlBarHidden(bool hidden)
+{
+    m_controlBarHidden = hidden;
+    m_controlBar->setVisible(!hidden && !m_autoShowControls);
+}
+
 void VHMovieController::setAutoShowControls(bool on)
 {
     m_autoShowControls = on;
     m_view->setAttribute(Qt::WA_Hover, on);
-    if (!on)
+    if (!on && !m_controlBarHidden)
         m_controlBar->show();
 }
 
@@ -263,10 +269,10 @@ bool VHMovieController::eventFilter(QObject *watched, QEvent *event)
         m_forceRender = true;
         QMetaObject::invokeMethod(this, "renderSoftwareFrame", Qt::QueuedConnection);
     }
-    if (watched == m_view) {
-        if (event->type() == QEvent::HoverEnter && m_autoShowControls)
+    if (watched == m_view && m_autoShowControls && !m_controlBarHidden) {
+        if (event->type() == QEvent::HoverEnter)
             m_controlBar->show();
-        else if (event->type() == QEvent::HoverLeave && m_autoShowControls)
+        else if (event->type() == QEvent::HoverLeave)
             m_controlBar->hide();
     }
     return QObject::eventFilter(watched, event);

@@ -107,6 +107,9 @@ public:
     // Gives the play button the keyboard focus.
     void makeFirstResponder();
     bool isFullscreen() const { return m_fullscreen; }
+    // For a window with a control bar of its own: the view then shows only the picture and
+    // the overlay, whatever autoShowControls says.
+    void setControlBarHidden(bool hidden);
 
     // The actions of the buttons, the slider and the menu.
     virtual void togglePlayPause();
@@ -251,6 +254,7 @@ private:
     ImageVideoSurface *m_imageSurface = nullptr;
     MpvGLSurface *m_glSurface = nullptr;
     QWidget *m_controlBar = nullptr;
+    bool m_controlBarHidden = false;
     QToolButton *m_playButton = nullptr;
     QToolButton *m_subtitleButton = nullptr;
     QToolButton *m_fullscreenButton = nullptr;
