@@ -15,6 +15,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QStyle>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -242,6 +243,11 @@ QWidget *ProjectWindow::buildEditorSide()
     fields->addWidget(new QLabel(u"Duration"_s, side));
     m_durationField = new QLineEdit(side);
     fields->addWidget(m_durationField);
+    // Both fields show a whole time text ("00:00:00.000") without scrolling.
+    for (QLineEdit *field : {m_startField, m_durationField}) {
+        const int textWidth = field->fontMetrics().horizontalAdvance(u"00:00:00.0000"_s);
+        field->setMinimumWidth(textWidth + 2 * field->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 8);
+    }
     m_forcedBox = new QCheckBox(u"Forced"_s, side);
     fields->addWidget(m_forcedBox);
     m_fixButton = new CTFixButton(side);
