@@ -302,7 +302,11 @@ void VHMovieController::setCurrentTime(double seconds)
     const double t = std::clamp(seconds, 0.0, length);
     m_currentTime = t;
     if (m_mpv && hasMovie()) {
-        const QByteArray target = QByteArray::number(t, 'f', 6);
+        // libmpv's precise seek shows the first frame at (or within 5 ms before) the target,
+        // which is the frame after the one on screen at t for most times. Seek to the start
+        // of the frame that covers t, so the picture is what playback shows at t.
+        const double frameStart = m_fps > 0 ? std::floor(t * m_fps + 1e-6) / m_fps : t;
+        const QByteArray target = QByteArray::number(frameStart, 'f', 6);
         const char *seek[] = {"seek", target.constData(), m_accuracyScrubbing ? "absolute+exact" : "absolute",
                               nullptr};
         mpv_command_async(m_mpv.get(), 0, seek);

@@ -101,6 +101,11 @@ TEST(RealPlayback, MpvSeeksToAFrameAndTheOverlayShowsItsCue)
         << controller.playerTime();
     waitFor([] { return false; }, 300); // the frame reaches the widget
     expectCueOverPicture(controller, 0);
+
+    // A time inside that frame's turn on screen shows the same frame, not the next one.
+    controller.setCurrentTime(3.52 + 0.75 * Frame);
+    waitFor([] { return false; }, 500);
+    expectCueOverPicture(controller, 0);
 }
 
 TEST(RealPlayback, MpvKeepsShowingVideoThroughFullScreen)
