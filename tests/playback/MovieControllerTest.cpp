@@ -39,9 +39,13 @@ struct LoadedController
     {
         return waitFor([this] { return delegate.loaded + delegate.failed > 0; });
     }
+    // The player shows the frame that is on screen at t: the last one starting at or before it.
     bool waitPlayerAt(double t)
     {
-        return waitFor([&] { return std::abs(controller.playerTime() - t) < Frame / 2; });
+        return waitFor([&] {
+            const double shown = controller.playerTime();
+            return shown <= t + 0.001 && shown > t - Frame + 0.001;
+        });
     }
 };
 
