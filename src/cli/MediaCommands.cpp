@@ -270,5 +270,6 @@ int runExtract(const QStringList &args)
     for (const QString &written : extractor->queuedPaths())
         out.append(written.toUtf8()).append('\n');
     printOut(out);
-    return ExitOk;
+    // A question nobody could answer left files out: say so through the exit status.
+    return prompter.declinedForLackOfTerminal() ? ExitFailure : ExitOk;
 }

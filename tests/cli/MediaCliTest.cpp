@@ -104,9 +104,10 @@ TEST(CliMovies, TracksEmbedAndExtract)
     EXPECT_EQ(extracted.out, dir.path(u"movie.de.srt"_s).toUtf8() + '\n');
     EXPECT_TRUE(dir.read(u"movie.de.srt"_s).contains("Draußen"));
 
-    // An existing file is not overwritten without an answer; --only-missing keeps it quietly.
+    // An existing file is not overwritten without an answer, and the run fails naming the
+    // option; --only-missing keeps it quietly.
     const ToolRun asked = cli({u"extract"_s, dir.path(u"movie.m4v"_s)});
-    EXPECT_EQ(asked.status, 0);
+    EXPECT_EQ(asked.status, 1);
     EXPECT_TRUE(asked.err.contains("A subtitle with the name 'movie.de.srt' already exists"))
         << asked.err.toStdString();
     EXPECT_TRUE(asked.err.contains("--only-missing"));
