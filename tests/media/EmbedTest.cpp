@@ -40,32 +40,7 @@ public:
     // 4 s, with English, English and German mov_text tracks and two chapters.
     static const QString &tracks()
     {
-        static const QString path =
-            make(u"tracks.mp4"_s, clipInputs(4) +
-                                      QStringList{u"-i"_s,
-                                                  srt(),
-                                                  u"-i"_s,
-                                                  srt(),
-                                                  u"-i"_s,
-                                                  germanSrt(),
-                                                  u"-i"_s,
-                                                  chapters(),
-                                                  u"-map"_s,
-                                                  u"0"_s,
-                                                  u"-map"_s,
-                                                  u"1"_s,
-                                                  u"-map"_s,
-                                                  u"2"_s,
-                                                  u"-map"_s,
-                                                  u"3"_s,
-                                                  u"-map"_s,
-                                                  u"4"_s,
-                                                  u"-map_chapters"_s,
-                                                  u"5"_s} +
-                                      clipCodecs() +
-                                      QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s,
-                                                  u"language=eng"_s, u"-metadata:s:s:1"_s, u"language=eng"_s,
-                                                  u"-metadata:s:s:2"_s, u"language=ger"_s});
+        static const QString path = makeTrackMovie(dir().filePath(u"tracks.mp4"_s), 4, srt(), germanSrt());
         return path;
     }
     // 30 s, every frame a key frame: long enough to cancel mid-run.

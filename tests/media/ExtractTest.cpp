@@ -19,41 +19,8 @@ const QList<TestCue> kCues = {{0.5, 1.5, u"Hello"_s}, {2.0, 3.0, u"World"_s}};
 const QString &trackMovie()
 {
     static QTemporaryDir dir;
-    static const QString movie = [] {
-        const QString srt = writeSubRip(dir.filePath(u"cues.srt"_s), kCues);
-        const QString chapters = dir.filePath(u"chapters.txt"_s);
-        QFile file(chapters);
-        file.open(QIODevice::WriteOnly);
-        file.write(";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=2000\ntitle=Intro\n"
-                   "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2000\nEND=3000\ntitle=Main\n");
-        file.close();
-        const QString path = dir.filePath(u"tracks.mp4"_s);
-        ffmpeg(clipInputs(3) + QStringList{u"-i"_s,
-                                           srt,
-                                           u"-i"_s,
-                                           srt,
-                                           u"-i"_s,
-                                           srt,
-                                           u"-i"_s,
-                                           chapters,
-                                           u"-map"_s,
-                                           u"0"_s,
-                                           u"-map"_s,
-                                           u"1"_s,
-                                           u"-map"_s,
-                                           u"2"_s,
-                                           u"-map"_s,
-                                           u"3"_s,
-                                           u"-map"_s,
-                                           u"4"_s,
-                                           u"-map_chapters"_s,
-                                           u"5"_s} +
-               clipCodecs() +
-               QStringList{u"-c:s"_s, u"mov_text"_s, u"-metadata:s:s:0"_s, u"language=eng"_s,
-                           u"-metadata:s:s:1"_s, u"language=eng"_s, u"-metadata:s:s:2"_s, u"language=ger"_s,
-                           path});
-        return path;
-    }();
+    static const QString srt = writeSubRip(dir.filePath(u"cues.srt"_s), kCues);
+    static const QString movie = makeTrackMovie(dir.filePath(u"tracks.mp4"_s), 3, srt, srt);
     return movie;
 }
 

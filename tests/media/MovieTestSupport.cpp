@@ -51,6 +51,24 @@ QStringList clipCodecs()
     return {u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s, u"-c:a"_s, u"aac"_s};
 }
 
+QString makeTrackMovie(const QString &path, double seconds, const QString &english, const QString &german)
+{
+    const QString chapters = path + u".chapters.txt"_s;
+    QFile file(chapters);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\nEND=2000\ntitle=Intro\n"
+               "[CHAPTER]\nTIMEBASE=1/1000\nSTART=2000\nEND=" +
+               QByteArray::number(qRound(seconds * 1000)) + "\ntitle=Main\n");
+    file.close();
+    const QStringList mapping = u"-map 0 -map 1 -map 2 -map 3 -map 4 -map_chapters 5"_s.split(u' ');
+    const QStringList subtitleCodec = u"-c:s mov_text -metadata:s:s:0 language=eng -metadata:s:s:1 language=eng "
+                                      "-metadata:s:s:2 language=ger"_s.split(u' ');
+    ffmpeg(clipInputs(seconds) +
+           QStringList{u"-i"_s, english, u"-i"_s, english, u"-i"_s, german, u"-i"_s, chapters} + mapping +
+           clipCodecs() + subtitleCodec + QStringList{path});
+    return path;
+}
+
 QString writeSubRip(const QString &path, const QList<TestCue> &cues)
 {
     SubtitleList list;

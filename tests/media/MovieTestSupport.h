@@ -15,6 +15,9 @@ QJsonObject probe(const QString &path);
 // A short clip: 160x120 test picture at 25 fps (H.264) and a sine tone (AAC), `seconds` long.
 QStringList clipInputs(double seconds);
 QStringList clipCodecs();
+// A clip of `seconds` at `path` with three mov_text tracks (`english` twice, in English, and
+// `german`, in German) and two chapters, "Intro" up to 2 s and "Main" to the end.
+QString makeTrackMovie(const QString &path, double seconds, const QString &english, const QString &german);
 
 // Writes a SubRip file of (start, end, text) cues.
 struct TestCue
