@@ -40,35 +40,11 @@ QString makeMovie(const TempDir &dir)
 {
     const QString srt = dir.write(u"track.srt"_s, "1\n00:00:00,500 --> 00:00:01,500\nInside\n");
     const QString movie = dir.path(u"movie.mp4"_s);
-    const ToolRun made = run(u"ffmpeg"_s, {u"-v"_s,
-                                           u"error"_s,
-                                           u"-f"_s,
-                                           u"lavfi"_s,
-                                           u"-i"_s,
-                                           u"testsrc=d=2:s=160x120:r=25"_s,
-                                           u"-f"_s,
-                                           u"lavfi"_s,
-                                           u"-i"_s,
-                                           u"sine=d=2"_s,
-                                           u"-i"_s,
-                                           srt,
-                                           u"-map"_s,
-                                           u"0"_s,
-                                           u"-map"_s,
-                                           u"1"_s,
-                                           u"-map"_s,
-                                           u"2"_s,
-                                           u"-c:v"_s,
-                                           u"libx264"_s,
-                                           u"-preset"_s,
-                                           u"ultrafast"_s,
-                                           u"-c:a"_s,
-                                           u"aac"_s,
-                                           u"-c:s"_s,
-                                           u"mov_text"_s,
-                                           u"-metadata:s:s:0"_s,
-                                           u"language=eng"_s,
-                                           movie});
+    const ToolRun made = run(u"ffmpeg"_s, u"-v error -f lavfi -i testsrc=d=2:s=160x120:r=25 -f lavfi -i sine=d=2"_s.split(u' ') +
+                                           QStringList{u"-i"_s, srt} +
+                                           u"-map 0 -map 1 -map 2 -c:v libx264 -preset ultrafast -c:a aac -c:s mov_text "
+                                           "-metadata:s:s:0 language=eng"_s.split(u' ') +
+                                           QStringList{movie});
     EXPECT_EQ(made.status, 0) << made.err.toStdString();
     QFile::remove(srt);
     return movie;

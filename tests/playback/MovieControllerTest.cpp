@@ -54,42 +54,11 @@ QString twoAudioTracksMovie(const TempDir &dir)
 {
     const QString path = dir.path(u"two-audio.mkv"_s);
     QProcess ffmpeg;
-    ffmpeg.start(u"ffmpeg"_s, {u"-hide_banner"_s,
-                               u"-loglevel"_s,
-                               u"error"_s,
-                               u"-f"_s,
-                               u"lavfi"_s,
-                               u"-i"_s,
-                               u"testsrc=size=160x120:rate=25"_s,
-                               u"-f"_s,
-                               u"lavfi"_s,
-                               u"-i"_s,
-                               u"sine=frequency=300"_s,
-                               u"-f"_s,
-                               u"lavfi"_s,
-                               u"-i"_s,
-                               u"sine=frequency=600"_s,
-                               u"-map"_s,
-                               u"0"_s,
-                               u"-map"_s,
-                               u"1"_s,
-                               u"-map"_s,
-                               u"2"_s,
-                               u"-t"_s,
-                               u"1"_s,
-                               u"-c:v"_s,
-                               u"libx264"_s,
-                               u"-preset"_s,
-                               u"ultrafast"_s,
-                               u"-c:a:0"_s,
-                               u"aac"_s,
-                               u"-c:a:1"_s,
-                               u"ac3"_s,
-                               u"-metadata:s:a:0"_s,
-                               u"language=eng"_s,
-                               u"-metadata:s:a:1"_s,
-                               u"language=fre"_s,
-                               path});
+    ffmpeg.start(u"ffmpeg"_s, u"-hide_banner -loglevel error -f lavfi -i testsrc=size=160x120:rate=25 -f lavfi "
+                              "-i sine=frequency=300 -f lavfi -i sine=frequency=600 -map 0 -map 1 -map 2 -t 1 "
+                              "-c:v libx264 -preset ultrafast -c:a:0 aac -c:a:1 ac3 -metadata:s:a:0 language=eng "
+                              "-metadata:s:a:1 language=fre"_s.split(u' ') +
+                                  QStringList{path});
     if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0)
         ADD_FAILURE() << ffmpeg.readAllStandardError().toStdString();
     return path;
