@@ -10,6 +10,7 @@
 #include "ProjectWindow.h"
 #include "VHMovieController.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QPointer>
 #include <QProgressDialog>
@@ -59,11 +60,19 @@ private:
         CTWindowController *project = m_window.project();
         if (project->movieKind() != 1 || project->moviePath().isEmpty())
             return nullptr;
+        // Opening a movie asks for it twice (the extract command's title, then extraction):
+        // read its header once while the file stays the same.
+        const QString &path = project->moviePath();
+        const QDateTime modified = QFileInfo(path).lastModified();
+        if (m_asset && m_assetPath == path && m_assetModified == modified)
+            return m_asset;
         QString error;
-        std::shared_ptr<const MovieAsset> asset = MovieAsset::open(project->moviePath(), &error);
-        if (!asset && report)
+        m_asset = MovieAsset::open(path, &error);
+        m_assetPath = path;
+        m_assetModified = modified;
+        if (!m_asset && report)
             logLine(u"Warning: %1"_s.arg(error));
-        return asset;
+        return m_asset;
     }
 
     void updateExtractableCounts()
@@ -135,7 +144,8 @@ private:
         m_progressDialog = dialog;
         std::weak_ptr<CTSubtitleEmbedder> weak = m_embedder;
         connect(dialog, &QProgressDialog::canceled, this, [weak] {
-            if (auto embedder = weak.lock(); embedder && embedder->status())
+            // After the end the button only closes the dialog.
+            if (auto embedder = weak.lock(); embedder && embedder->status() && !embedder->status()->isEnded())
                 embedder->status()->cancel();
         });
         m_statusToken = status->observeKey(QString(), [this, status](Observable *, const QString &, Observable::Change change) {
@@ -185,6 +195,9 @@ private:
     Observable::KeyToken m_statusToken;
     std::shared_ptr<CTSubtitleExtractor> m_extractor;
     std::shared_ptr<CTSubtitleEmbedder> m_embedder;
+    std::shared_ptr<const MovieAsset> m_asset;
+    QString m_assetPath;
+    QDateTime m_assetModified;
     QPointer<QProgressDialog> m_progressDialog;
 };
 
