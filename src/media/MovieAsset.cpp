@@ -1,6 +1,7 @@
 #include "MovieAsset.h"
 
 #include "LibAv.h"
+#include "LocaleNames.h"
 
 extern "C" {
 #include <libavutil/dict.h>
@@ -91,16 +92,7 @@ QString iso639_2ForLocale(const QString &localeIdentifier)
 
 QString nativeDisplayName(const QString &localeIdentifier)
 {
-    if (localeIdentifier.isEmpty())
-        return {};
-    const QByteArray id = localeIdentifier.toUtf8();
-    UChar buffer[256];
-    UErrorCode status = U_ZERO_ERROR;
-    const int32_t length = uloc_getDisplayName(id.constData(), id.constData(), buffer, 256, &status);
-    // ICU answers unknown codes with the code itself and a "using default" warning.
-    if (status != U_ZERO_ERROR || length <= 0)
-        return {};
-    return QString::fromUtf16(reinterpret_cast<const char16_t *>(buffer), qMin(length, 256));
+    return LocaleNames::nativeDisplayName(localeIdentifier);
 }
 
 } // namespace LibAv

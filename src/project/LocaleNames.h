@@ -13,6 +13,10 @@ bool isLocale(const QString &identifier);
 // "Portuguese (Brazil)"), or a null string when it is not a locale.
 QString displayName(const QString &identifier);
 
+// The identifier's display name in its own language ("Deutsch" for "de"), or a null string
+// when it is not a locale.
+QString nativeDisplayName(const QString &identifier);
+
 // The language names are shown in: the user's interface language, "en" when the system
 // locale is C/POSIX. The application may set it (its interface-language preference).
 QString interfaceLanguage();
