@@ -19,6 +19,43 @@ bool isDigit(QChar c)
 {
     return c.unicode() >= u'0' && c.unicode() <= u'9';
 }
+
+// Whether the number text [first, last) (digits, an optional point, an optional exponent;
+// no sign), which a double cannot hold, is too large rather than too small: the position of
+// its first significant digit plus its exponent says on which side of 1 it lies. Digits
+// alone ("1" and 400 zeros) are as much an overflow as "1e400".
+bool overflows(const char *first, const char *last)
+{
+    const char *e = std::find_if(first, last, [](char c) { return c == 'e' || c == 'E'; });
+    qint64 magnitude = 0; // decimal exponent of the first significant digit, plus one
+    bool seenPoint = false, seenSignificant = false;
+    for (const char *p = first; p != e; ++p) {
+        if (*p == '.') {
+            seenPoint = true;
+        } else if (!seenSignificant && *p == '0') {
+            if (seenPoint)
+                magnitude = std::max<qint64>(magnitude - 1, -(qint64(1) << 40));
+        } else {
+            seenSignificant = true;
+            if (!seenPoint)
+                magnitude = std::min<qint64>(magnitude + 1, qint64(1) << 40);
+        }
+    }
+    if (!seenSignificant)
+        return false;
+    qint64 exponent = 0;
+    if (e != last) {
+        const char *p = e + 1;
+        const bool negative = p != last && *p == '-';
+        if (p != last && (*p == '-' || *p == '+'))
+            ++p;
+        for (; p != last && *p >= '0' && *p <= '9'; ++p)
+            exponent = std::min<qint64>(exponent * 10 + (*p - '0'), qint64(1) << 40);
+        if (negative)
+            exponent = -exponent;
+    }
+    return magnitude + exponent > 0;
+}
 } // namespace
 
 double leadingDouble(QStringView text)
@@ -54,9 +91,9 @@ double leadingDouble(QStringView text)
         double parsed = 0;
         const std::from_chars_result result = std::from_chars(first, last, parsed, std::chars_format::general);
         if (result.ec == std::errc::result_out_of_range) {
-            // Too large gives infinity, too small gives 0, as reading a number does in C.
-            const char *e = std::find_if(first, result.ptr, [](char c) { return c == 'e' || c == 'E'; });
-            parsed = e != result.ptr && e + 1 != result.ptr && e[1] != '-' ? HUGE_VAL : 0.0;
+            // Too large gives infinity, too small gives 0, as reading a number does in C;
+            // the sign is applied below either way.
+            parsed = overflows(first, result.ptr) ? HUGE_VAL : 0.0;
         } else if (result.ec != std::errc()) {
             parsed = 0;
         }

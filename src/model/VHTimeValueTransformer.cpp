@@ -4,6 +4,7 @@
 
 #include <QLocale>
 
+#include <climits>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -42,16 +43,43 @@ inline double fastFloor(double x)
 
 VHTimeValueTransformer::Fields VHTimeValueTransformer::fields(double t)
 {
+    // A time text holds an int's worth of hours. Beyond that, and for infinities, it says the
+    // nearest time it can hold, which reads back as that time; NaN is no time at all and is
+    // written as 0. Any other text would read back as a different, usually negative, time.
+    constexpr double HourLimit = 2147483648.0; // 2^31
+    const Fields largest{INT_MAX, 59, 59, 999, HourLimit - 1, 59};
+    const Fields smallest{INT_MIN, 0, 0, 0, -HourLimit, 0};
+    if (std::isnan(t))
+        return {0, 0, 0, 0, 0, 0};
+    if (t >= HourLimit * 3600)
+        return largest;
+    if (t < -HourLimit * 3600)
+        return smallest;
+
     // The order of operations matters for the truncated milliseconds; keep it.
-    const double h = fastFloor(t / 60 / 60);
+    double h = fastFloor(t / 60 / 60);
     const double r = t - h * 3600;
-    const double m = fastFloor(r / 60);
+    double m = fastFloor(r / 60);
     const double sPrime = r - m * 60;
-    const double s = fastFloor(sPrime);
+    double s = fastFloor(sPrime);
     // Milliseconds are truncated, but a time read as "03,900" is the double just below 3.9:
     // the millionth of a millisecond added keeps such a time from losing a millisecond on
     // every read and write, and is far below anything a time text can say.
-    const double ms = fastFloor((sPrime - s) * 1000 + 1e-6);
+    double ms = fastFloor((sPrime - s) * 1000 + 1e-6);
+    // That millionth can make a full second of a time a billionth below it (1.9999999995 s):
+    // carry it, since a time text has three fraction digits, never four.
+    if (ms >= 1000) {
+        ms = 0;
+        if (++s >= 60) {
+            s = 0;
+            if (++m >= 60) {
+                m = 0;
+                ++h;
+            }
+        }
+    }
+    if (h >= HourLimit)
+        return largest;
     return {TimeText::toInt(h), TimeText::toInt(m), TimeText::toInt(s), TimeText::toInt(ms), h, m};
 }
 

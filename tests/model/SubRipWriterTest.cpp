@@ -4,6 +4,9 @@
 
 #include <QDir>
 
+#include <cmath>
+#include <limits>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -57,4 +60,29 @@ TEST_F(SubRipWriter, FailedWriteReportsWhyAndLeavesTheOldFileIntact)
         EXPECT_GT(line.size(), 40) << "the reason is missing";
         EXPECT_FALSE(line.contains(u'\n'));
     }
+}
+
+// Every time written reads back as the time the file says, also for times no time text can
+// hold (clamped to the largest one) and for a time a billionth below a full second.
+TEST_F(SubRipWriter, WrittenTimesReadBackAsWrittenEvenAtAndBeyondTheirLimits)
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    const SubtitleList extreme{
+        VHSubtitle::create(u"a"_s, 1.9999999995, 2.5), VHSubtitle::create(u"b"_s, 3, 1e300),
+        VHSubtitle::create(u"c"_s, 2147483648.0 * 3600, inf), VHSubtitle::create(u"d"_s, 4, std::nan(""))};
+    ASSERT_TRUE(VHSubtitle::writeSubtitles(extreme, target));
+    const QByteArray bytes = written();
+    EXPECT_EQ(bytes, "1\n00:00:02,000 --> 00:00:02,500\na\n\n"
+                     "2\n00:00:03,000 --> 2147483647:59:59,999\nb\n\n"
+                     "3\n2147483647:59:59,999 --> 2147483647:59:59,999\nc\n\n"
+                     "4\n00:00:04,000 --> 00:00:00,000\nd\n\n");
+    const std::optional<SubtitleList> read = VHSubtitle::subtitlesFromSubRipString(QString::fromUtf8(bytes));
+    ASSERT_TRUE(read);
+    ASSERT_EQ(read->size(), 4);
+    for (const SubtitlePtr &cue : *read) {
+        EXPECT_TRUE(std::isfinite(cue->start()) && cue->start() >= 0);
+        EXPECT_TRUE(std::isfinite(cue->end()) && cue->end() >= 0);
+    }
+    ASSERT_TRUE(VHSubtitle::writeSubtitles(*read, target));
+    EXPECT_EQ(written(), bytes);
 }

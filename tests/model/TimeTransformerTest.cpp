@@ -1,8 +1,13 @@
 #include "TestSupport.h"
+#include "TimeText.h"
 #include "VHSubtitle.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QLocale>
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
 
 #include <gtest/gtest.h>
 
@@ -36,6 +41,97 @@ TEST(TimeTransformerWriting, FullFormShowsEveryFieldSuccinctDropsLeadingZeroOnes
         EXPECT_EQ(succinct.transformedValue(c.seconds), c.succinct);
     }
     EXPECT_EQ(withSymbol<VHTimeValueTransformer>(u"."_s).transformedValue(3723.045), u"01:02:03.045"_s);
+}
+
+// A time a billionth below a full second (or minute, or hour) is that full second, and the
+// fraction never grows a fourth digit.
+TEST(TimeTransformerWriting, AFractionThatRoundsUpCarriesIntoTheSecondsNeverToFourDigits)
+{
+    const auto full = withSymbol<VHTimeValueTransformer>(u","_s);
+    const auto succinct = withSymbol<VHSuccinctTimeTransformer>(u","_s);
+    EXPECT_EQ(full.transformedValue(1.9999999995), u"00:00:02,000"_s);
+    EXPECT_EQ(full.transformedValue(59.9999999995), u"00:01:00,000"_s);
+    EXPECT_EQ(succinct.transformedValue(59.9999999995), u"01:00,000"_s);
+    EXPECT_EQ(full.transformedValue(3599.9999999995), u"01:00:00,000"_s);
+    EXPECT_EQ(succinct.transformedValue(3599.9999999995), u"01:00:00,000"_s);
+    EXPECT_EQ(succinct.transformedValue(0.9999999999), u"1,000"_s);
+
+    const QRegularExpression form(u"^\\d{2,}:\\d{2}:\\d{2},\\d{3}$"_s);
+    for (int second = 1; second < 20000; ++second) {
+        for (double below : {1e-6, 5e-7, 1e-9, 5e-10, 1e-12}) {
+            const QString text = full.transformedValue(second - below);
+            ASSERT_TRUE(form.match(text).hasMatch())
+                << second << " - " << below << ": " << text.toStdString();
+        }
+    }
+}
+
+// A time text holds an int's worth of hours; beyond that it says the largest (or smallest)
+// time it can, which reads back as itself. No time is written as a negative one.
+TEST(TimeTransformerWriting, TimesNoTextCanHoldAreWrittenAsTheNearestOneNeverNegative)
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    const double limit = 2147483648.0 * 3600; // 2^31 hours
+    const QString largest = u"2147483647:59:59,999"_s, smallest = u"-2147483648:00:00,000"_s;
+    const auto full = withSymbol<VHTimeValueTransformer>(u","_s);
+    const auto succinct = withSymbol<VHSuccinctTimeTransformer>(u","_s);
+    for (double t : {inf, 1e300, limit, limit * 2, std::nextafter(limit, 0.0) + 0.0}) {
+        SCOPED_TRACE(t);
+        EXPECT_EQ(full.transformedValue(t), largest);
+        EXPECT_EQ(succinct.transformedValue(t), largest);
+    }
+    for (double t : {-inf, -1e300, -limit * 2}) {
+        SCOPED_TRACE(t);
+        EXPECT_EQ(full.transformedValue(t), smallest);
+    }
+    EXPECT_EQ(full.transformedValue(-limit), smallest);
+    EXPECT_EQ(full.transformedValue(std::nan("")), u"00:00:00,000"_s);
+    EXPECT_EQ(succinct.transformedValue(std::nan("")), u"0,000"_s);
+    // Each of them reads back as the time it says, and is written the same again.
+    for (const QString &text : {largest, smallest}) {
+        const double read = full.reverseTransformedValue(text);
+        EXPECT_TRUE(std::isfinite(read));
+        EXPECT_EQ(full.transformedValue(read), text);
+    }
+    EXPECT_GT(full.reverseTransformedValue(largest), 7.7e12);
+    EXPECT_EQ(full.reverseTransformedValue(smallest), -limit);
+    // Just inside the limit the hours are written as they are.
+    EXPECT_EQ(full.transformedValue(2147483000.0 * 3600 + 61.5), u"2147483000:01:01,500"_s);
+}
+
+// A field too large for a double is infinite with its sign, whichever way it is written.
+TEST(TimeTextReading, FieldsTooLargeOrSmallForADoubleKeepTheirSign)
+{
+    const double inf = std::numeric_limits<double>::infinity();
+    const QString digits = QString(u'9').repeated(400);
+    const struct
+    {
+        QString text;
+        double value;
+    } cases[] = {
+        {digits, inf},
+        {u"-"_s + digits, -inf},
+        {u"+"_s + digits, inf},
+        {u"-1"_s + QString(u'0').repeated(399) + u".5"_s, -inf},
+        {u"-1e400"_s, -inf},
+        {u"1e400"_s, inf},
+        {u"-0.0001e400"_s, -inf},
+        {u"-"_s + QString(u'0').repeated(400) + u"1"_s, -1},
+        {u"1e-400"_s, 0},
+        {u"-0."_s + QString(u'0').repeated(400) + u"1"_s, 0},
+        {u"-1000e-403"_s, 0},
+        {u"-12x"_s, -12},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.text.left(20).toStdString());
+        EXPECT_EQ(TimeText::leadingDouble(c.text), c.value);
+        // A time text's hour field is read the same way (a point would start its fraction).
+        if (!c.text.contains(u'.')) {
+            EXPECT_EQ(TimeText::parse(QString(c.text + u":00:00"_s), u",", u"."), c.value * 3600);
+        }
+    }
+    EXPECT_TRUE(std::signbit(TimeText::leadingDouble(u"-1e-400")));
+    EXPECT_EQ(TimeText::parse(QString(u"-"_s + digits + u":00:00,000"_s), u",", u"."), -inf);
 }
 
 // Whatever a file says survives reading and writing: no millisecond is lost to the double
