@@ -29,8 +29,9 @@ struct BracePair
     static quint64 logged(qsizetype position) { return position < 0 ? kNotFound : quint64(position); }
     void logFailure(QStringView line) const
     {
-        logLine(
-            u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line).arg(logged(open)).arg(logged(close)));
+        // One multi-argument arg(): the line is inserted as read, even when it holds "%2".
+        logLine(u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line, QString::number(logged(open)),
+                                                                     QString::number(logged(close))));
     }
 };
 } // namespace

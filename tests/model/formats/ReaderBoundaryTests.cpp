@@ -134,6 +134,10 @@ TEST(MicroDVDReader, ReadsFramePairsAndNamesWhereAMalformedLineFails)
         {microDVD(), u"{10}"_s, {}, {u"Warning: Parsing fails, in line {10} (%1, %1)"_s.arg(kNotFound)}},
         {microDVD(), u"1\n00:00:01,000 --> 00:00:02,000\nSubRip"_s, {},
          {u"Warning: Parsing fails, in line 1 (%1, %1)"_s.arg(kNotFound)}},
+        // The line is logged exactly as read, also when it holds what looks like a
+        // placeholder of the message.
+        {microDVD(), u"50%2 off}{"_s, {}, {u"Warning: Parsing fails, in line 50%2 off}{ (9, 8)"_s}},
+        {microDVD(), u"%1%3 }%2{"_s, {}, {u"Warning: Parsing fails, in line %1%3 }%2{ (8, 5)"_s}},
     });
 }
 
