@@ -85,6 +85,7 @@ constexpr std::array kTable = {
 
 const EncodingInfo *encodingInfo(EncodingId id)
 {
+    id = Encodings::canonical(id);
     const auto it =
         std::find_if(kTable.begin(), kTable.end(), [id](const EncodingInfo &e) { return e.id == id; });
     return it == kTable.end() ? nullptr : &*it;

@@ -66,7 +66,7 @@ inline constexpr EncodingId ISOLatin10 = fromLowLevel(0x0210);
 inline constexpr EncodingId DOSGreek = fromLowLevel(0x0405);          // code page 737
 inline constexpr EncodingId DOSLatin1 = fromLowLevel(0x0410);         // code page 850
 inline constexpr EncodingId DOSLatin2 = fromLowLevel(0x0411);         // code page 852
-inline constexpr EncodingId DOSRussian = fromLowLevel(0x0413);        // code page 866
+inline constexpr EncodingId DOSRussian = fromLowLevel(0x041B);        // code page 866
 inline constexpr EncodingId DOSHebrew = fromLowLevel(0x0417);         // code page 862
 inline constexpr EncodingId DOSThai = fromLowLevel(0x041D);           // code page 874
 inline constexpr EncodingId DOSChineseSimplif = fromLowLevel(0x0421); // code page 936
@@ -87,6 +87,17 @@ inline constexpr EncodingId Big5 = fromLowLevel(0x0A03);
 inline constexpr EncodingId Big5HKSCS = fromLowLevel(0x0A06);
 inline constexpr EncodingId KOI8U = fromLowLevel(0x0A08);
 inline constexpr EncodingId NeXTSTEPJapanese = fromLowLevel(0x0B02);
+
+// The number earlier versions gave "Cyrillic (DOS)" (code page 866). On the first platform
+// it names code page 855, which the catalogue does not offer; settings and rules files that
+// hold it mean code page 866.
+inline constexpr EncodingId LegacyDOSRussian = fromLowLevel(0x0413);
+
+// The number an encoding is known by now, for a number read from settings or rules files.
+constexpr EncodingId canonical(EncodingId id)
+{
+    return id == LegacyDOSRussian ? DOSRussian : id;
+}
 } // namespace Encodings
 
 // How the text codec converts one numbered encoding.

@@ -76,6 +76,7 @@ const QList<VHEncoding> &VHEncoding::catalogue()
 
 QString VHEncoding::nameForEncoding(EncodingId codePage)
 {
+    codePage = Encodings::canonical(codePage);
     for (const VHEncoding &row : catalogue()) {
         if (!row.isSeparator() && row.codePage() == codePage)
             return row.name();

@@ -70,7 +70,7 @@ EncodingId leadingInteger(QStringView text)
             break;
         value = std::min<quint64>(value * 10 + (c.unicode() - u'0'), 0xFFFFFFFFull + 1);
     }
-    return value > 0xFFFFFFFFull ? Encodings::None : EncodingId(value);
+    return value > 0xFFFFFFFFull ? Encodings::None : Encodings::canonical(EncodingId(value));
 }
 } // namespace
 

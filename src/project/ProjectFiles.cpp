@@ -78,7 +78,8 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
 
     bool loaded = false;
     if (!path.isEmpty() && QFileInfo::exists(path)) {
-        const auto encoding = EncodingId(Settings::shared().integerValue(u"Encoding"_s));
+        const auto encoding =
+            Encodings::canonical(EncodingId(Settings::shared().integerValue(u"Encoding"_s)));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
             chapterMark
@@ -190,7 +191,7 @@ void CTWindowController::exportSubtitle()
     SavePanelOptions options;
     options.exportAccessory = true;
     options.exportType = int(settings.integerValue(u"ExportType"_s));
-    options.exportEncoding = EncodingId(settings.integerValue(u"ExportEncoding"_s));
+    options.exportEncoding = Encodings::canonical(EncodingId(settings.integerValue(u"ExportEncoding"_s)));
     options.windowsLineBreaks = settings.boolValue(u"WindowsLineBreaks"_s);
     options.allowedTypes = {options.exportType == 1 ? u"vtt"_s : u"srt"_s};
     options.directory = QFileInfo(m_basePath).path();

@@ -1,5 +1,7 @@
 #include "TestSupport.h"
+#include "TextCodec.h"
 #include "VHEncoding.h"
+#include "VHEncodingTester.h"
 
 #include <gtest/gtest.h>
 
@@ -37,4 +39,26 @@ TEST(Catalogue, EveryNameFindsItsNumberAndANumberIsNamedByItsFirstRow)
     EXPECT_EQ(VHEncoding::nameForEncoding(Encodings::KOI8R), u"unknown encoding"_s); // a converter, but no row
     EXPECT_FALSE(VHEncoding::encodingForName(u"Windows-1252").has_value());
     EXPECT_FALSE(VHEncoding::encodingForName(u"").has_value()); // the separator has no name to find
+}
+
+// "Cyrillic (DOS)" is code page 866, numbered 0x8000041B; earlier versions stored
+// 0x80000413 (code page 855 on the first platform), which still means code page 866 when a
+// settings or rules file holds it.
+TEST(Catalogue, CyrillicDosIsCodePage866UnderItsNumberAndUnderTheOldOne)
+{
+    EXPECT_EQ(Encodings::DOSRussian, 2147484699u);
+    EXPECT_EQ(VHEncoding::encodingForName(u"Cyrillic (DOS)"), 2147484699u);
+    // "Привет" in code page 866; code page 855 would read these bytes as other letters.
+    const QByteArray cp866("\x8f\xe0\xa8\xa2\xa5\xe2");
+    for (const EncodingId id : {2147484699u, 2147484691u}) {
+        SCOPED_TRACE(id);
+        EXPECT_EQ(VHEncoding::nameForEncoding(id), u"Cyrillic (DOS)"_s);
+        QString text;
+        ASSERT_TRUE(TextCodec::decode(cp866, id, &text));
+        EXPECT_EQ(text, u"Привет"_s);
+        const auto tester = VHEncodingTester::encodingTesterFromData(
+            u"name: Russian\nnsstring: %1\n"_s.arg(id).toUtf8(), u"test.encoding"_s);
+        ASSERT_TRUE(tester);
+        EXPECT_EQ(tester->stringEncoding(), Encodings::DOSRussian);
+    }
 }

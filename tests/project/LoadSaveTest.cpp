@@ -139,3 +139,18 @@ TEST_F(ProjectTest, ExportWritesACopyInTheChosenFormat)
     project->exportSubtitle(); // cancelled
     EXPECT_EQ(QDir(dir.path(u"out"_s)).entryList(QDir::Files), (QStringList{u"copy.srt"_s, u"copy.vtt"_s}));
 }
+
+// Settings written by earlier versions name "Cyrillic (DOS)" by the number 0x80000413.
+TEST_F(ProjectTest, AnOldCyrillicDosNumberInTheSettingsStillMeansCodePage866)
+{
+    Settings::shared().setValue(u"Encoding"_s, qint64(2147484691));
+    Settings::shared().setValue(u"ExportEncoding"_s, qint64(2147484691));
+    dir.write(u"Film.srt"_s, QByteArray("1\n00:00:01,000 --> 00:00:02,000\n\x8f\xe0\xa8\xa2\xa5\xe2\n\n"));
+    openMovie();
+    ASSERT_EQ(project->subtitles().size(), 1);
+    EXPECT_EQ(project->subtitles()[0]->string(), u"Привет"_s);
+
+    project->exportSubtitle(); // cancelled: only the panel's starting choices matter
+    ASSERT_EQ(view.savePanels.size(), 1);
+    EXPECT_EQ(view.savePanels[0].exportEncoding, Encodings::DOSRussian);
+}
