@@ -1,6 +1,7 @@
 #include "CliSupport.h"
 
 #include "Log.h"
+#include "NumberOptions.h"
 #include "VHVideoText.h"
 
 #include <QCoreApplication>
@@ -45,11 +46,10 @@ std::optional<double> doubleOption(const QCommandLineParser &parser, const QStri
 {
     if (!parser.isSet(name))
         return std::nullopt;
-    bool valid = false;
-    const double value = QLocale::c().toDouble(parser.value(name), &valid);
-    if (!valid || !std::isfinite(value))
+    const std::optional<double> value = NumberOptions::parseNumber(parser.value(name));
+    if (!value)
         *ok = false;
-    return value;
+    return value.value_or(0);
 }
 
 int parseArguments(QCommandLineParser &parser, const QStringList &args, const QString &description,
@@ -99,7 +99,7 @@ QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
         const qulonglong number = parser.value(u"encoding"_s).toULongLong(&valid);
         if (!valid || number > 0xFFFFFFFFull)
             return u"--encoding takes an encoding number."_s;
-        options->encoding = EncodingId(number);
+        options->encoding = Encodings::canonical(EncodingId(number));
     }
     options->strictEncoding = parser.isSet(u"strict-encoding"_s);
     if (options->strictEncoding && !parser.isSet(u"encoding"_s))
@@ -132,6 +132,8 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
     if (!checkReadableFile(path))
         return std::nullopt;
     const bool optional = !options.strictEncoding;
+    // --strict-encoding: the given encoding or nothing, no detection after it.
+    VHSubtitle::setDetectionAfterGivenEncoding(!options.strictEncoding);
     std::optional<SubtitleList> cues =
         options.chapters
             ? VHVideoText::videoTextsFromFileAtURL(path, options.length, options.encoding, optional)

@@ -22,7 +22,8 @@ QString helpText(const QCommandLineParser &parser, const QString &command);
 // A usage error: prints the message and the subcommand's help, returns ExitUsage.
 int usageError(const QCommandLineParser &parser, const QString &message);
 
-// Parses a number option; reports a usage error through `ok` when it is not one.
+// Parses a number option (a decimal point or comma, no grouping: NumberOptions::parseNumber);
+// reports a usage error through `ok` when it is not one.
 std::optional<double> doubleOption(const QCommandLineParser &parser, const QString &name, bool *ok);
 
 // Parses `args`, answering --help itself. Returns -1 to go on, else the exit status.

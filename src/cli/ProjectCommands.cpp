@@ -129,7 +129,7 @@ int runAdjustDurations(const QStringList &args)
     std::optional<QList<qsizetype>> only;
     if (parser.isSet(u"only"_s)) {
         only = parseIndexes(parser.value(u"only"_s));
-        if (!only)
+        if (!only || only->isEmpty())
             return usageError(parser, u"--only takes indexes such as 0,4,7-9."_s);
     }
 
@@ -137,8 +137,18 @@ int runAdjustDurations(const QStringList &args)
     const QString file = parser.positionalArguments().first();
     if (!loadIntoProject(project, file, options))
         return ExitFailure;
-    if (only)
+    if (only) {
+        // An index the file does not have is a mistake in the command, not in the file.
+        const qsizetype count = project.subtitles().size();
+        for (const qsizetype index : std::as_const(*only)) {
+            if (index >= count)
+                return usageError(
+                    parser,
+                    u"--only: there is no line %1; the file has %2 lines (counted from 0)."_s.arg(index).arg(
+                        count));
+        }
         project.setSelectionIndices(*only);
+    }
     const QString problem = project.startFixDuration(values[0], values[1], values[2], values[3], bool(only));
     if (!problem.isEmpty()) {
         printError(problem);

@@ -1,3 +1,4 @@
+#include "CTFileHelper.h"
 #include "CliSupport.h"
 #include "Commands.h"
 
@@ -48,7 +49,7 @@ int runConvert(const QStringList &args)
     if (positional.size() != 2)
         return usageError(parser, u"convert takes IN and OUT."_s);
 
-    const QString &out = positional[1];
+    QString out = positional[1];
     bool webVTT = out.endsWith(u".vtt"_s, Qt::CaseInsensitive);
     if (parser.isSet(u"format"_s)) {
         const QString format = parser.value(u"format"_s).toLower();
@@ -56,13 +57,16 @@ int runConvert(const QStringList &args)
             return usageError(parser, u"--format takes srt or vtt."_s);
         webVTT = format == u"vtt"_s;
     }
+    // As the window's export does: a name without extension gets the format's.
+    if (CTFileHelper::pathExtension(out).isEmpty() && !QFileInfo(out).isDir())
+        out += webVTT ? u".vtt"_s : u".srt"_s;
     EncodingId outEncoding = Encodings::UTF8;
     if (parser.isSet(u"out-encoding"_s)) {
         bool valid = false;
         const qulonglong number = parser.value(u"out-encoding"_s).toULongLong(&valid);
         if (!valid || number > 0xFFFFFFFFull)
             return usageError(parser, u"--out-encoding takes an encoding number."_s);
-        outEncoding = EncodingId(number);
+        outEncoding = Encodings::canonical(EncodingId(number));
     }
 
     const std::optional<SubtitleList> cues = readSubtitleFile(positional[0], options);

@@ -4,6 +4,7 @@
 #include "CliSupport.h"
 #include "Commands.h"
 #include "MainQueue.h"
+#include "NumberOptions.h"
 #include "PlaybackControl.h"
 #include "VHTimeValueTransformer.h"
 
@@ -11,12 +12,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 // A movie that is only a clock: the time a fix is made at, the length and frame rate given
-// on the command line.
+// on the command line. Without --length the movie has no known end: its duration is
+// infinite, so that the last line, which the project keeps within the movie, may move
+// anywhere later instead of being cut back to 0.
 class ScriptedPlayback final : public PlaybackControl
 {
 public:
@@ -28,7 +32,10 @@ public:
     double currentTime() const override { return m_time; }
     void setCurrentTime(double seconds) override { m_time = seconds; }
     double fps() const override { return m_fps; }
-    double duration() const override { return m_duration; }
+    double duration() const override
+    {
+        return m_duration > 0 ? m_duration : std::numeric_limits<double>::infinity();
+    }
     bool isPlaying() const override { return false; }
     void setPlaying(bool) override {}
     void setSubtitles(const SubtitleList &) override {}
@@ -67,6 +74,19 @@ int runShift(const QStringList &args)
     std::optional<SubtitleList> cues = readSubtitleFile(file, options);
     if (!cues)
         return ExitFailure;
+    // No line moves before the movie's start: a time there is no time in the movie, and a
+    // negative time text would read back as another time. As the Shift fix mode does, a shift
+    // that would take the earliest line there is refused, not clamped (clamping would pile
+    // the first lines up at 0).
+    double earliest = std::numeric_limits<double>::infinity();
+    for (const SubtitlePtr &cue : std::as_const(*cues))
+        earliest = std::min(earliest, cue->start());
+    if (*by < 0 && earliest + *by < 0) {
+        printError(u"Shifting by %1 s would move the first line (at %2) before the start; the largest shift "
+                   "earlier is %3 s"_s.arg(QString::number(*by), VHSubtitle::formatedTime(earliest),
+                                           QString::number(earliest > 0 ? -earliest : 0)));
+        return ExitFailure;
+    }
     CTWindowController project(nullptr, nullptr);
     project.setSubtitles(*cues);
     project.stretch(0, cues->size() - 1, 1, 0, *by);
@@ -99,26 +119,15 @@ int runSync(const QStringList &args)
     if (mode != u"fix"_s && mode != u"shift"_s && mode != u"single"_s)
         return usageError(parser, u"--mode takes fix, shift or single."_s);
 
-    struct Fix
-    {
-        qsizetype index;
-        double time;
-    };
+    using NumberOptions::Fix;
     QList<Fix> fixes;
     const QStringList fixTexts = parser.values(u"fix"_s);
     for (const QString &text : fixTexts) {
-        const qsizetype eq = text.indexOf(u'=');
-        bool indexOk = false, timeOk = false;
-        const qsizetype index = eq > 0 ? text.left(eq).trimmed().toLongLong(&indexOk) : -1;
-        const QString timeText = text.mid(eq + 1).trimmed();
-        double time = QLocale::c().toDouble(timeText, &timeOk);
-        if (!timeOk && timeText.contains(u':')) {
-            time = VHSubtitle::timeFormatter().reverseTransformedValue(timeText);
-            timeOk = true;
-        }
-        if (!indexOk || !timeOk || index < 0 || !std::isfinite(time))
-            return usageError(parser, u"--fix takes INDEX=TIME, e.g. 12=754.2 or 12=00:12:34,200."_s);
-        fixes.append({index, time});
+        const std::optional<Fix> fix = NumberOptions::parseFix(text);
+        if (!fix)
+            return usageError(parser, u"--fix takes INDEX=TIME, e.g. 12=754.2 or 12=00:12:34,200; '%1' is "
+                                      "not one."_s.arg(text));
+        fixes.append(*fix);
     }
     if (fixes.isEmpty())
         return usageError(parser, u"sync needs at least one --fix INDEX=TIME."_s);
@@ -128,9 +137,12 @@ int runSync(const QStringList &args)
     if (!cues)
         return ExitFailure;
 
-    ScriptedPlayback movie(options.fps, options.length);
+    // The frame rate decides how far outside its range a fix may land (half a frame); without
+    // --fps it is the documented default.
+    const double fps = options.fps > 0 ? options.fps : 25;
+    ScriptedPlayback movie(fps, options.length);
     CTWindowController project(nullptr, &movie);
-    project.setMovieInfo(QString(), 1, options.fps, options.length);
+    project.setMovieInfo(QString(), 1, fps, options.length);
     project.setSubtitles(*cues);
     project.setFixMode(1);
     for (const Fix &fix : std::as_const(fixes)) {
@@ -142,8 +154,9 @@ int runSync(const QStringList &args)
         project.setSelectionIndices({fix.index});
         movie.setCurrentTime(fix.time);
         project.setCurrentTime(fix.time);
-        if (mode == u"fix"_s)
-            project.setFixMode(1);
+        // The range a fix may land in depends on the mode: check it in the mode the fix is
+        // made in (a Single fix may not pass the neighbours that a Fix stretches along).
+        project.setFixMode(mode == u"shift"_s ? 2 : mode == u"single"_s ? 3 : 1);
         if (!project.canFix()) {
             const auto range = project.fixRange();
             printError(

@@ -35,11 +35,13 @@ bool readWholeFile(const QString &path, QByteArray *bytes, QString *error)
 
 namespace {
 QString s_encodingDefaultsKey; // null: the choice is not remembered
+bool s_detectionAfterGivenEncoding = true;
 
 // Asks for another encoding after every way of decoding failed. Returns the chosen encoding,
 // or none when the user cancels.
 std::optional<EncodingId> askForEncoding(EncodingId current)
 {
+    current = Encodings::canonical(current);
     Prompt prompt;
     prompt.message = u"File language problem:"_s;
     prompt.informative = u"Could not open subtitle file using '%1' encoding. Please select a different encoding:"_s
@@ -69,6 +71,11 @@ void VHSubtitle::setEncodingDefaultsKey(const QString &key)
     s_encodingDefaultsKey = key;
 }
 
+void VHSubtitle::setDetectionAfterGivenEncoding(bool allowed)
+{
+    s_detectionAfterGivenEncoding = allowed;
+}
+
 const QString &VHSubtitle::encodingDefaultsKey()
 {
     return s_encodingDefaultsKey;
@@ -89,6 +96,10 @@ std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, 
         // 1. The encoding asked for, when it is not merely a suggestion.
         if (!encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
             return text;
+        if (!encodingIsOptional && !s_detectionAfterGivenEncoding) {
+            logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
+            return std::nullopt;
+        }
         // 2. Byte-order marks and strict UTF-8.
         EncodingId detected = Encodings::None;
         if (TextCodec::decodeAutomatically(bytes, &text, &detected))

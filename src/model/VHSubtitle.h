@@ -119,6 +119,10 @@ public:
     // is not offered.
     static void setEncodingDefaultsKey(const QString &key);
     static const QString &encodingDefaultsKey();
+    // Whether a file whose encoding is given (not optional) but does not decode in it goes
+    // on to detection and the question (the default), or fails at once: the command line's
+    // --strict-encoding.
+    static void setDetectionAfterGivenEncoding(bool allowed);
 
     // The formatter of cue times: not localized, "," before the milliseconds.
     static const VHTimeValueTransformer &timeFormatter();
