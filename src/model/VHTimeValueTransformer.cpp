@@ -66,17 +66,21 @@ VHTimeValueTransformer::Fields VHTimeValueTransformer::fields(double t)
     // the millionth of a millisecond added keeps such a time from losing a millisecond on
     // every read and write, and is far below anything a time text can say.
     double ms = fastFloor((sPrime - s) * 1000 + 1e-6);
-    // That millionth can make a full second of a time a billionth below it (1.9999999995 s):
-    // carry it, since a time text has three fraction digits, never four.
+    // That millionth can make a full second of a time a billionth below it (1.9999999995 s),
+    // and rounding can make a full minute or hour of one just below (a tiny negative time
+    // gives -1 hours and 60 minutes): carry them, since a time text has three fraction
+    // digits and fields below 60, and reads back as the time it says.
     if (ms >= 1000) {
-        ms = 0;
-        if (++s >= 60) {
-            s = 0;
-            if (++m >= 60) {
-                m = 0;
-                ++h;
-            }
-        }
+        ms -= 1000;
+        ++s;
+    }
+    if (s >= 60) {
+        s -= 60;
+        ++m;
+    }
+    if (m >= 60) {
+        m -= 60;
+        ++h;
     }
     if (h >= HourLimit)
         return largest;

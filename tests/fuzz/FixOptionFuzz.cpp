@@ -23,12 +23,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     FUZZ_CHECK(std::isfinite(fix->time) && fix->time >= 0);
     const QString index = QString::number(fix->index) + QLatin1Char('=');
     const std::optional<NumberOptions::Fix> seconds =
-        NumberOptions::parseFix(index + QString::number(fix->time, 'g', 17));
+        NumberOptions::parseFix(QString(index + QString::number(fix->time, 'g', 17)));
     FUZZ_CHECK(seconds && seconds->index == fix->index && seconds->time == fix->time);
     if (fix->time < 1e9) {
         // As a time text, to the millisecond it says (truncated).
         const std::optional<NumberOptions::Fix> timeText =
-            NumberOptions::parseFix(index + VHSubtitle::formatedTime(fix->time));
+            NumberOptions::parseFix(QString(index + VHSubtitle::formatedTime(fix->time)));
         FUZZ_CHECK(timeText && timeText->index == fix->index);
         FUZZ_CHECK(timeText->time <= fix->time + 1e-6 && timeText->time > fix->time - 0.001 - 1e-6);
     }

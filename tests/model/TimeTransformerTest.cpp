@@ -55,6 +55,8 @@ TEST(TimeTransformerWriting, AFractionThatRoundsUpCarriesIntoTheSecondsNeverToFo
     EXPECT_EQ(full.transformedValue(3599.9999999995), u"01:00:00,000"_s);
     EXPECT_EQ(succinct.transformedValue(3599.9999999995), u"01:00:00,000"_s);
     EXPECT_EQ(succinct.transformedValue(0.9999999999), u"1,000"_s);
+    // A negative time too small to leave a full hour below 0 is 0, not -1 hours and 60 minutes.
+    EXPECT_EQ(full.transformedValue(-1e-230), u"00:00:00,000"_s);
 
     const QRegularExpression form(u"^\\d{2,}:\\d{2}:\\d{2},\\d{3}$"_s);
     for (int second = 1; second < 20000; ++second) {
