@@ -29,8 +29,9 @@ struct BracePair
     static quint64 logged(qsizetype position) { return position < 0 ? kNotFound : quint64(position); }
     void logFailure(QStringView line) const
     {
-        logLine(
-            u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line).arg(logged(open)).arg(logged(close)));
+        logLine(u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(logExcerpt(line))
+                    .arg(logged(open))
+                    .arg(logged(close)));
     }
 };
 } // namespace
