@@ -2,6 +2,8 @@
 
 #include "Log.h"
 #include "NumberOptions.h"
+#include "RegularFile.h"
+#include "SubRipReader.h"
 #include "VHVideoText.h"
 
 #include <QCoreApplication>
@@ -110,18 +112,9 @@ QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
 
 bool checkReadableFile(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        printError(u"Could not read '%1': No such file or directory"_s.arg(path));
-        return false;
-    }
-    if (info.isDir()) {
-        printError(u"'%1' is a folder, not a subtitle file"_s.arg(path));
-        return false;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        printError(u"Could not read '%1': %2"_s.arg(path, file.errorString()));
+    // Only a regular file of a sane size: a FIFO or a device is refused at once, never read.
+    if (const auto failure = RegularFile::check(path, RegularFile::SubtitleLimit)) {
+        printError(u"Could not read '%1': %2"_s.arg(path, failure->reason));
         return false;
     }
     return true;
@@ -155,10 +148,12 @@ bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVT
         printError(u"'%1' is a folder; give the path of the file to write"_s.arg(path));
         return false;
     }
-    const bool written = webVTT ? VHVideoText::writeVideoText(cues, path, encoding, windowsLineBreaks)
-                                : VHSubtitle::writeSubtitles(cues, path, encoding, windowsLineBreaks);
+    const QString text = webVTT ? VHVideoText::webVTTText(cues, windowsLineBreaks)
+                                : VHSubtitle::subRipText(cues, windowsLineBreaks);
+    QString reason;
+    const bool written = writeSubtitleText(text, path, encoding, &reason);
     if (!written)
-        printError(u"Could not write '%1'"_s.arg(path));
+        printError(u"Could not write '%1': %2"_s.arg(path, reason));
     return written;
 }
 

@@ -1,6 +1,7 @@
 #include "CliPrompter.h"
 #include "CliSupport.h"
 #include "Commands.h"
+#include "FileNames.h"
 #include "Log.h"
 #include "Prompter.h"
 
@@ -67,7 +68,11 @@ int main(int argc, char *argv[])
         u"Pass --encoding N to read the file in encoding N ('captora-cli encodings' lists them)."_s);
     Prompter::setShared(&prompter);
 
-    QStringList args = QCoreApplication::arguments();
+    // Arguments are file names more often than not: decoded so that names that are not UTF-8
+    // reach the files they name (Qt would turn their bytes into U+FFFD).
+    QStringList args;
+    for (int i = 0; i < argc; ++i)
+        args.append(decodeFileName(QByteArray(argv[i])));
     if (args.size() < 2) {
         printUsage(stderr);
         return ExitUsage;

@@ -2,8 +2,9 @@
 
 #include "VHEncoding.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "RegularFile.h"
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -25,24 +26,24 @@ DecodedFile::DecodedFile(QByteArray bytes, const QString &path)
 
 DecodedFile DecodedFile::read(const QString &path)
 {
-    QFile file(path);
-    const QFileInfo info(path);
+    RegularFile::Failure failure;
+    std::optional<QByteArray> bytes = RegularFile::read(path, RegularFile::SubtitleLimit, &failure);
+    if (bytes)
+        return DecodedFile(std::move(*bytes), path);
     FileReadError error;
     error.path = path;
-    if (!info.exists()) {
+    switch (failure.errorNumber) {
+    case ENOENT:
         error.code = FileReadError::NoSuchFile;
         error.description = u"The file '%1' does not exist."_s.arg(path);
-    } else if (info.isDir()) {
-        error.description = u"'%1' is a folder."_s.arg(path);
-    } else if (!file.open(QIODevice::ReadOnly)) {
-        error.code = file.error() == QFileDevice::PermissionsError ? FileReadError::NoPermission
-                                                                   : FileReadError::UnknownReadError;
-        error.description = u"The file '%1' could not be opened: %2"_s.arg(path, file.errorString());
-    } else {
-        QByteArray bytes = file.readAll();
-        if (file.error() == QFileDevice::NoError)
-            return DecodedFile(std::move(bytes), path);
-        error.description = u"The file '%1' could not be read: %2"_s.arg(path, file.errorString());
+        break;
+    case EACCES:
+    case EPERM:
+        error.code = FileReadError::NoPermission;
+        error.description = u"The file '%1' could not be opened: %2"_s.arg(path, failure.reason);
+        break;
+    default:
+        error.description = u"The file '%1' could not be read: %2"_s.arg(path, failure.reason);
     }
     DecodedFile unreadable(QByteArray(), path);
     unreadable.m_readError = std::move(error);

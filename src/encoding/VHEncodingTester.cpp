@@ -2,9 +2,9 @@
 
 #include "DecodedFile.h"
 #include "Log.h"
+#include "RegularFile.h"
 #include "TextCodec.h"
 
-#include <QFile>
 #include <QLoggingCategory>
 #include <QStringTokenizer>
 
@@ -76,12 +76,13 @@ EncodingId leadingInteger(QStringView text)
 
 std::unique_ptr<VHEncodingTester> VHEncodingTester::encodingTesterFor(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        logLine(u"Could not read encoding file (%1), because '%2'"_s.arg(path, file.errorString()));
+    RegularFile::Failure failure;
+    const std::optional<QByteArray> bytes = RegularFile::read(path, RegularFile::RulesLimit, &failure);
+    if (!bytes) {
+        logLine(u"Could not read encoding file (%1), because '%2'"_s.arg(path, failure.reason));
         return nullptr;
     }
-    return encodingTesterFromData(file.readAll(), path);
+    return encodingTesterFromData(*bytes, path);
 }
 
 std::unique_ptr<VHEncodingTester> VHEncodingTester::encodingTesterFromData(const QByteArray &utf8,
@@ -143,11 +144,11 @@ void VHEncodingTester::parse(QStringView rules)
 
         const qsizetype tab = line.indexOf(u'\t');
         if (tab < 1) {
-            logLine(u"Unparsable line: '%1'"_s.arg(shown));
+            logLine(u"Unparsable line: '%1'"_s.arg(logExcerpt(shown)));
             continue;
         }
         if (section == Section::None) {
-            logLine(u"Unparsable line (neither in 'good' or 'bad' status): '%1'"_s.arg(shown));
+            logLine(u"Unparsable line (neither in 'good' or 'bad' status): '%1'"_s.arg(logExcerpt(shown)));
             continue;
         }
         QStringView weight = line.sliced(tab + 1);

@@ -30,6 +30,16 @@ void logLine(const QString &line)
     qInfo().noquote() << line;
 }
 
+QString logExcerpt(QStringView line)
+{
+    constexpr qsizetype shown = 200;
+    if (line.size() <= shown)
+        return line.toString();
+    // Never cut a character outside the BMP in half.
+    const qsizetype cut = line.at(shown - 1).isHighSurrogate() ? shown - 1 : shown;
+    return line.first(cut).toString() + QStringLiteral("\u2026 (%1 characters)").arg(line.size());
+}
+
 void installLogHandler()
 {
     qInstallMessageHandler(writeLine);

@@ -8,6 +8,11 @@
 // as exactly one line on standard error.
 void logLine(const QString &line);
 
+// A line of a file as a log line quotes it: the line itself when it has at most 200
+// characters, else its first 200 and "… (N characters)", so that one damaged 50 MB line
+// does not flood standard error.
+QString logExcerpt(QStringView line);
+
 // Installs a Qt message handler that prints messages verbatim, one per line, with no
 // category or level prefixes. Programs call it once at start-up.
 void installLogHandler();

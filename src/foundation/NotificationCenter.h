@@ -52,7 +52,9 @@ class ScopedObserver
 {
 public:
     ScopedObserver() = default;
-    ScopedObserver(NotificationCenter::Token token) : m_token(std::move(token)) {}
+    ScopedObserver(NotificationCenter::Token token)
+        : m_token(std::move(token))
+    {}
     ScopedObserver(ScopedObserver &&) = default;
     ScopedObserver &operator=(ScopedObserver &&other) noexcept
     {

@@ -1,9 +1,9 @@
 #include "PropertyList.h"
 
 #include "AtomicFile.h"
+#include "RegularFile.h"
 
 #include <QDateTime>
-#include <QFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -13,9 +13,14 @@ namespace PropertyList {
 
 namespace {
 // Reads the value whose start element the reader is on; leaves it after the end element.
-QVariant readValue(QXmlStreamReader &xml)
+// `depth` counts the containers around it.
+QVariant readValue(QXmlStreamReader &xml, int depth)
 {
     const QStringView name = xml.name();
+    if ((name == u"dict" || name == u"array") && depth >= MaxDepth) {
+        xml.raiseError(u"containers are nested more than %1 levels deep"_s.arg(MaxDepth));
+        return {};
+    }
     if (name == u"dict") {
         QVariantMap map;
         while (xml.readNextStartElement()) {
@@ -28,14 +33,19 @@ QVariant readValue(QXmlStreamReader &xml)
                 xml.raiseError(u"<key> %1 has no value"_s.arg(key));
                 return {};
             }
-            map.insert(key, readValue(xml));
+            map.insert(key, readValue(xml, depth + 1));
+            if (xml.hasError())
+                return {};
         }
         return map;
     }
     if (name == u"array") {
         QVariantList list;
-        while (xml.readNextStartElement())
-            list.append(readValue(xml));
+        while (xml.readNextStartElement()) {
+            list.append(readValue(xml, depth + 1));
+            if (xml.hasError())
+                return {};
+        }
         return list;
     }
     if (name == u"string")
@@ -112,7 +122,7 @@ QVariant fromXml(const QByteArray &bytes, QString *error)
         if (xml.name() != u"plist")
             xml.raiseError(u"the root element is not <plist>"_s);
         else if (xml.readNextStartElement())
-            root = readValue(xml);
+            root = readValue(xml, 0);
     }
     if (!xml.hasError() && !root.isValid())
         xml.raiseError(u"the property list is empty"_s);
@@ -126,13 +136,14 @@ QVariant fromXml(const QByteArray &bytes, QString *error)
 
 QVariant readFile(const QString &path, QString *error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    RegularFile::Failure failure;
+    const std::optional<QByteArray> bytes = RegularFile::read(path, RegularFile::PropertyListLimit, &failure);
+    if (!bytes) {
         if (error)
-            *error = file.errorString();
+            *error = failure.reason;
         return {};
     }
-    return fromXml(file.readAll(), error);
+    return fromXml(*bytes, error);
 }
 
 QByteArray toXml(const QVariant &root)

@@ -9,9 +9,14 @@
 // data (QByteArray) and date (QDateTime). Read and written with a real XML parser.
 namespace PropertyList {
 
+// Containers (dict, array) nest at most this deep; a deeper file is not a property list the
+// program wrote, and reading it must not exhaust the stack.
+inline constexpr int MaxDepth = 256;
+
 // The root object of the list, or an invalid QVariant (with `error` set) when the text is
 // not a well-formed property list.
 QVariant fromXml(const QByteArray &xml, QString *error = nullptr);
+// Reads a regular file of at most 32 MB; anything else is refused with the reason.
 QVariant readFile(const QString &path, QString *error = nullptr);
 
 QByteArray toXml(const QVariant &root);

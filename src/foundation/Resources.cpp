@@ -12,8 +12,9 @@ QString resourceDirectory()
         QStringList candidates;
         if (const QString env = qEnvironmentVariable("CAPTORA_RESOURCES"); !env.isEmpty())
             candidates << env;
-        const QString programDir = QCoreApplication::instance() ? QCoreApplication::applicationDirPath()
-                                                                : QFileInfo(u"/proc/self/exe"_s).canonicalPath();
+        const QString programDir = QCoreApplication::instance()
+                                       ? QCoreApplication::applicationDirPath()
+                                       : QFileInfo(u"/proc/self/exe"_s).canonicalPath();
         candidates << programDir + u"/resources"_s << programDir + u"/../share/captora"_s
                    << QString::fromUtf8(CAPTORA_SOURCE_RESOURCES);
         for (const QString &candidate : std::as_const(candidates)) {

@@ -17,8 +17,8 @@ Settings::~Settings() = default;
 
 void Settings::useUserSettings()
 {
-    m_storage = std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, u"Captora"_s,
-                                            u"Captora"_s);
+    m_storage =
+        std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, u"Captora"_s, u"Captora"_s);
 }
 
 void Settings::useFile(const QString &path)

@@ -30,8 +30,8 @@ struct BracePair
     void logFailure(QStringView line) const
     {
         // One multi-argument arg(): the line is inserted as read, even when it holds "%2".
-        logLine(u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(line, QString::number(logged(open)),
-                                                                     QString::number(logged(close))));
+        logLine(u"Warning: Parsing fails, in line %1 (%2, %3)"_s.arg(
+            logExcerpt(line), QString::number(logged(open)), QString::number(logged(close))));
     }
 };
 } // namespace

@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 
 std::optional<SubtitleList> VHSubtitle::subtitlesFromSubRipString(const QString &text)
 {
-    static const SubRipDialect dialect{
-        u",", u".", false, [](const QString &string, double start, double end, bool forced) {
-            return std::make_shared<VHSubtitle>(string, start, end, forced);
-        }};
+    static const SubRipDialect dialect{u",", u".", false,
+                                       [](const QString &string, double start, double end, bool forced) {
+                                           return std::make_shared<VHSubtitle>(string, start, end, forced);
+                                       }};
     return readSubRipText(text, dialect);
 }
 
@@ -46,13 +46,15 @@ bool VHSubtitle::writeSubtitles(const SubtitleList &subtitles, const QString &pa
     return writeSubtitles(subtitles, path, Encodings::UTF8, false);
 }
 
-bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding)
+bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding, QString *error)
 {
     QByteArray bytes;
-    QString error;
-    if (!TextCodec::encode(text, encoding == Encodings::None ? Encodings::UTF8 : encoding, &bytes, &error) ||
-        !writeFileAtomically(path, bytes, &error)) {
-        logLine(u"Warning: Could not save file, because: %1"_s.arg(error));
+    QString reason;
+    if (!TextCodec::encode(text, encoding == Encodings::None ? Encodings::UTF8 : encoding, &bytes, &reason) ||
+        !writeFileAtomically(path, bytes, &reason)) {
+        logLine(u"Warning: Could not save file, because: %1"_s.arg(reason));
+        if (error)
+            *error = reason;
         return false;
     }
     return true;

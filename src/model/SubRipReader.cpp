@@ -67,7 +67,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
             pendingText.append(line);
             ++extraLines;
             if (extraLines >= 5)
-                logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(line));
+                logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
         }
     };
 
@@ -110,10 +110,10 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
             if (start < pendingEnd)
                 logLine(u"Parsing Warning: Line '%1' starts %2 before last end %3"_s.arg(
-                    line.toString(), formatted(start), formatted(pendingEnd)));
+                    logExcerpt(line), formatted(start), formatted(pendingEnd)));
             if (end < start)
                 logLine(u"Parsing Warning: Line '%1' ends %2 before it starts %3"_s.arg(
-                    line.toString(), formatted(end), formatted(start)));
+                    logExcerpt(line), formatted(end), formatted(start)));
             if (hasPending)
                 result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, pendingForced));
             hasPending = true;
@@ -137,7 +137,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 appendText(line);
                 continue;
             }
-            logLine(u"Warning: Parsing SRT fails in line (%1) '%2'"_s.arg(index + 1).arg(line));
+            logLine(u"Warning: Parsing SRT fails in line (%1) '%2'"_s.arg(index + 1).arg(logExcerpt(line)));
             return std::nullopt;
         }
         numberLine(value);

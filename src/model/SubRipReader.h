@@ -21,8 +21,10 @@ struct SubRipDialect
 std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect);
 
 // Encodes a finished file text (encoding 0 means UTF-8, no byte-order mark) and writes it
-// atomically; on failure logs "Warning: Could not save file, because: ..." and returns false.
-bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding);
+// atomically; on failure logs "Warning: Could not save file, because: ..." and returns false
+// with the reason in `error` (if given).
+bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding,
+                       QString *error = nullptr);
 
 // Splits at line feeds, or at carriage returns when there is no line feed at all.
 QList<QStringView> splitSubtitleLines(const QString &text);

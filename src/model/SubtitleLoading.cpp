@@ -2,36 +2,14 @@
 
 #include "Log.h"
 #include "Prompter.h"
+#include "RegularFile.h"
 #include "Settings.h"
 #include "VHEncoding.h"
 #include "VHEncodingChooser.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-// Reads the whole file; a file of any size is read completely.
-bool readWholeFile(const QString &path, QByteArray *bytes, QString *error)
-{
-    QFile file(path);
-    if (QFileInfo(path).isDir()) {
-        *error = u"'%1' is a folder"_s.arg(path);
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = file.errorString();
-        return false;
-    }
-    *bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError) {
-        *error = file.errorString();
-        return false;
-    }
-    return true;
-}
-} // namespace
 
 namespace {
 QString s_encodingDefaultsKey; // null: the choice is not remembered
@@ -44,8 +22,9 @@ std::optional<EncodingId> askForEncoding(EncodingId current)
     current = Encodings::canonical(current);
     Prompt prompt;
     prompt.message = u"File language problem:"_s;
-    prompt.informative = u"Could not open subtitle file using '%1' encoding. Please select a different encoding:"_s
-                             .arg(VHEncoding::nameForEncoding(current));
+    prompt.informative =
+        u"Could not open subtitle file using '%1' encoding. Please select a different encoding:"_s.arg(
+            VHEncoding::nameForEncoding(current));
     for (const VHEncoding &row : VHEncoding::catalogue()) {
         if (row.isSeparator())
             prompt.choices.append({QString(), 0, true});
@@ -84,13 +63,16 @@ const QString &VHSubtitle::encodingDefaultsKey()
 std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, EncodingId encoding,
                                                            bool encodingIsOptional)
 {
-    QByteArray bytes;
     QString error;
-    // A file that cannot be read at all is not helped by choosing an encoding.
-    if (!readWholeFile(path, &bytes, &error)) {
-        logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
+    // A file that cannot be read at all is not helped by choosing an encoding. Only regular
+    // files of a sane size are read: a FIFO would block and a device would never end.
+    RegularFile::Failure failure;
+    const std::optional<QByteArray> read = RegularFile::read(path, RegularFile::SubtitleLimit, &failure);
+    if (!read) {
+        logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, failure.reason));
         return std::nullopt;
     }
+    const QByteArray &bytes = *read;
     for (;;) {
         QString text;
         // 1. The encoding asked for, when it is not merely a suggestion.

@@ -1,5 +1,6 @@
 #include "FolderPermissions.h"
 
+#include "Log.h"
 #include "ProjectView.h"
 #include "Prompter.h"
 #include "PropertyList.h"
@@ -15,7 +16,12 @@ using namespace Qt::StringLiterals;
 FolderPermissions::FolderPermissions(const QString &path)
     : m_path(path.isEmpty() ? defaultStorePath() : path)
 {
-    m_folders = PropertyList::readFile(m_path).toMap();
+    QString error;
+    const QVariant stored = PropertyList::readFile(m_path, &error);
+    if (!stored.isValid() && error != u"No such file or directory"_s)
+        logLine(
+            u"Warning: The folder permissions in '%1' could not be read, because: %2"_s.arg(m_path, error));
+    m_folders = stored.toMap();
 }
 
 QString FolderPermissions::defaultStorePath()

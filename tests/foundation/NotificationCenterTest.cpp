@@ -12,11 +12,14 @@ TEST(NotificationCenter, DeliversInRegistrationOrderToObserversOfThatObjectOrOfA
     Observable a, b;
     QStringList calls;
     auto record = [&](const QString &who) {
-        return [&, who](const Notification &n) { calls << who + u':' + n.name + (n.object == &a ? u"@a"_s : u""_s); };
+        return [&, who](const Notification &n) {
+            calls << who + u':' + n.name + (n.object == &a ? u"@a"_s : u""_s);
+        };
     };
     const std::vector<NotificationCenter::Token> tokens{
-        center.addObserver(u"N"_s, nullptr, record(u"any1"_s)), center.addObserver(u"N"_s, &a, record(u"a"_s)),
-        center.addObserver(u"N"_s, &b, record(u"b"_s)), center.addObserver(u"O"_s, nullptr, record(u"other"_s)),
+        center.addObserver(u"N"_s, nullptr, record(u"any1"_s)),
+        center.addObserver(u"N"_s, &a, record(u"a"_s)), center.addObserver(u"N"_s, &b, record(u"b"_s)),
+        center.addObserver(u"O"_s, nullptr, record(u"other"_s)),
         center.addObserver(u"N"_s, nullptr, record(u"any2"_s))};
 
     center.post(u"N"_s, &a);

@@ -58,14 +58,17 @@ TEST(Settings, StoredValuesWinOverDefaultsPersistAndAnnounceTheirKey)
         EXPECT_FALSE(settings.value(u"Missing"_s).isValid());
 
         QStringList seen, other;
-        auto token = settings.observeKey(u"Encoding"_s, [&](Observable *, const QString &, Observable::Change c) {
-            seen << (c == Observable::Change::Will ? u"will "_s : u"did "_s) + settings.stringValue(u"Encoding"_s);
-        });
+        auto token =
+            settings.observeKey(u"Encoding"_s, [&](Observable *, const QString &, Observable::Change c) {
+                seen << (c == Observable::Change::Will ? u"will "_s : u"did "_s) +
+                            settings.stringValue(u"Encoding"_s);
+            });
         auto otherToken = record(settings, u"Name"_s, &other);
         settings.setValue(u"Encoding"_s, 30);
         settings.remove(u"Encoding"_s);
         settings.setValue(u"Encoding"_s, 12);
-        EXPECT_EQ(seen, (QStringList{u"will 5"_s, u"did 30"_s, u"will 30"_s, u"did 5"_s, u"will 5"_s, u"did 12"_s}));
+        EXPECT_EQ(seen, (QStringList{u"will 5"_s, u"did 30"_s, u"will 30"_s, u"did 5"_s, u"will 5"_s,
+                                     u"did 12"_s}));
         EXPECT_TRUE(other.isEmpty());
         settings.sync();
     }

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <cstring>
+#include <sys/mount.h>
+
 using namespace Qt::StringLiterals;
 
 void PrintTo(const QString &text, std::ostream *os)
@@ -54,13 +58,15 @@ QByteArray TempDir::read(const QString &name) const
 
 QStringList TempDir::entries() const
 {
-    return QDir(m_dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                                        QDir::Name);
+    return QDir(m_dir.path())
+        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 FileSizeLimit::FileSizeLimit(rlim_t bytes)
 {
-    struct sigaction ignore{};
+    struct sigaction ignore
+    {
+    };
     ignore.sa_handler = SIG_IGN;
     sigaction(SIGXFSZ, &ignore, &m_previousAction);
     getrlimit(RLIMIT_FSIZE, &m_previous);
@@ -74,6 +80,38 @@ FileSizeLimit::~FileSizeLimit()
 {
     setrlimit(RLIMIT_FSIZE, &m_previous);
     sigaction(SIGXFSZ, &m_previousAction, nullptr);
+}
+
+SmallTmpfs::SmallTmpfs(qint64 bytes)
+{
+    const QByteArray options = "size=" + QByteArray::number(bytes) + ",mode=0755";
+    const QByteArray where = QFile::encodeName(m_dir.path(QString()));
+    m_mounted = ::mount("tmpfs", where.constData(), "tmpfs", 0, options.constData()) == 0;
+    if (!m_mounted)
+        m_why = u"cannot mount a tmpfs here: "_s + QString::fromLocal8Bit(std::strerror(errno));
+}
+
+SmallTmpfs::~SmallTmpfs()
+{
+    if (m_mounted)
+        ::umount2(QFile::encodeName(m_dir.path(QString())).constData(), MNT_DETACH);
+}
+
+QString SmallTmpfs::writeAndFill(const QString &name, const QByteArray &bytes) const
+{
+    const QString written = m_dir.write(name, bytes);
+    QFile filler(m_dir.path(u"filler"_s));
+    if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        ADD_FAILURE() << "could not create the filler file";
+        return written;
+    }
+    const QByteArray block(4096, 'f');
+    while (filler.write(block) == block.size()) {
+    }
+    // The last page may still take a few bytes.
+    while (filler.write("f", 1) == 1) {
+    }
+    return written;
 }
 
 PromptAnswer ScriptedPrompter::ask(const Prompt &prompt)

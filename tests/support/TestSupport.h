@@ -48,7 +48,33 @@ public:
 
 private:
     rlimit m_previous{};
-    struct sigaction m_previousAction{};
+    struct sigaction m_previousAction
+    {
+    };
+};
+
+// A small tmpfs mounted on a fresh folder for its lifetime, to meet a genuinely full
+// filesystem. Mounting needs root (or CAP_SYS_ADMIN); where it fails, mounted() is false and
+// why() says so, and the tests that need it skip.
+class SmallTmpfs
+{
+public:
+    explicit SmallTmpfs(qint64 bytes);
+    ~SmallTmpfs();
+    SmallTmpfs(const SmallTmpfs &) = delete;
+    SmallTmpfs &operator=(const SmallTmpfs &) = delete;
+
+    bool mounted() const { return m_mounted; }
+    const QString &why() const { return m_why; }
+    QString path(const QString &name) const { return m_dir.path(name); }
+    QByteArray read(const QString &name) const { return m_dir.read(name); }
+    // Writes `name` with `bytes`, then fills the filesystem to the last byte with another file.
+    QString writeAndFill(const QString &name, const QByteArray &bytes) const;
+
+private:
+    TempDir m_dir;
+    bool m_mounted = false;
+    QString m_why;
 };
 
 // Answers prompts from a queue of button indexes and keeps every prompt it was shown. With
