@@ -599,7 +599,10 @@ TEST_F(WindowTest, ANewLineIsSelectedAndTypingReplacesItsTextWhole)
     openMovieWithSubtitles();
     window->cueTable()->selectRow(2);
     player()->time = 3; // between the first and the second line
-    window->runCommand(u"addSubtitle:"_s);
+    // Through the key, so that Control is held while the new row is made current (it used to
+    // toggle the row's selection off again, leaving the fields empty and the row unrepainted).
+    window->cueTable()->setFocus();
+    QTest::keyClick(window->cueTable(), Qt::Key_I, Qt::ControlModifier);
     QCoreApplication::processEvents();
     const SubtitleList &lines = window->project()->subtitles();
     ASSERT_EQ(lines.size(), 4);
@@ -695,4 +698,30 @@ TEST_F(WindowTest, AdjustingDurationsOnlyForSelectedLinesNeedsASelection)
     EXPECT_FALSE(onlySelected->isEnabled());
     EXPECT_FALSE(onlySelected->isChecked());
     window->endSheet(window->attachedSheets().first(), 0);
+}
+
+TEST_F(WindowTest, TheSearchKeepsTheSelectedLinesHighlighted)
+{
+    dir.write(u"Film.en.srt"_s, numberedLines(8));
+    window->project()->setMoviePath(movie);
+    player()->movie = true;
+    player()->delegate->movieControllerDidLoadMovie(player());
+    QCoreApplication::processEvents();
+    window->cueTable()->selectionModel()->select(
+        QItemSelection(window->cueModel()->index(4, 0),
+                       window->cueModel()->index(6, CueTableModel::ColumnCount - 1)),
+        QItemSelectionModel::ClearAndSelect);
+    window->searchField()->setFocus();
+    QTest::keyClicks(window->searchField(), u"Line 6"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selectedRows(), QList<int>{0});
+    EXPECT_EQ(window->textField()->toPlainText(), u"Line 6"_s);
+    window->forcedBox()->click();
+    EXPECT_TRUE(window->project()->subtitles()[5]->forced());
+
+    window->searchField()->clear();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selectedRows(), QList<int>{5});
+    EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{5});
+    EXPECT_EQ(window->textField()->toPlainText(), u"Line 6"_s);
 }
