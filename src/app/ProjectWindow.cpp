@@ -425,6 +425,7 @@ void ProjectWindow::applyProjectSelection()
     m_syncingSelection = true;
     QItemSelection selection;
     const QList<qsizetype> &rows = m_project->selectionIndices();
+    Q_ASSERT(rows.isEmpty() || rows.last() < m_model->rowCount());
     // Runs of rows become one range each, so selecting thousands of rows stays cheap.
     for (qsizetype i = 0; i < rows.size();) {
         qsizetype j = i;

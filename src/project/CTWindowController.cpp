@@ -218,7 +218,9 @@ void CTWindowController::setSelectionIndices(QList<qsizetype> rows)
     const SubtitleList &arranged = arrangedSubtitles();
     rows.removeIf([&](qsizetype row) { return row < 0 || row >= arranged.size(); });
     // The current cue follows inside the announcement, so that whoever hears of the new
-    // selection finds the current cue already matching it.
+    // selection finds the current cue already matching it. Text typed for the old current
+    // cue goes to it first, while the selection still names it.
+    commitTypedText();
     willChangeValueForKey(u"selectionIndices"_s);
     m_selection = rows;
     setCurrentSubtitle(m_selection.size() == 1 ? arranged[m_selection.first()] : SubtitlePtr());
@@ -252,9 +254,7 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
 {
     const bool oldNoAdjust = m_noAdjust;
     m_noAdjust = true;
-    // Keep an edit that was typed into the text field but not committed yet.
-    if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText)
-        m_currentSubtitle->setString(m_subtitleText);
+    commitTypedText();
     m_cueBinding.reset();
 
     willChangeValueForKey(u"currentSubtitle"_s);
@@ -280,6 +280,17 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
     }
     updateRangeNotification();
     m_noAdjust = oldNoAdjust;
+}
+
+void CTWindowController::commitTypedText()
+{
+    // Keep an edit that was typed into the text field but not committed yet.
+    if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText) {
+        const bool oldNoAdjust = m_noAdjust;
+        m_noAdjust = true;
+        m_currentSubtitle->setString(m_subtitleText);
+        m_noAdjust = oldNoAdjust;
+    }
 }
 
 void CTWindowController::bindEditorFields(const SubtitlePtr &cue)

@@ -297,6 +297,7 @@ protected:
 private:
     friend class NoVerifyingScope;
     void storeSubtitlePath(const QString &path);
+    void commitTypedText();
     void bindEditorFields(const SubtitlePtr &cue);
     void refreshEditorFields();
     void announceEditorFields();

@@ -59,6 +59,7 @@ void CTWindowController::updateSearchPredicate(const SubtitleList &selected)
     // before the filter or the texts changed), at their rows in the new list; cues the filter
     // now hides leave it. The rows change inside the filter's announcement, so no one reads an
     // old row against the new list.
+    commitTypedText();
     willChangeValueForKey(u"searchPredicate"_s);
     willChangeValueForKey(u"selectionIndices"_s);
     m_foldedSearch = m_searchCaseSensitive ? m_searchString : foldForSearch(m_searchString);
