@@ -530,11 +530,11 @@ void ProjectWindow::beginEditingText(qsizetype row)
     const QModelIndex index = m_model->index(int(row), CueTableModel::TextColumn);
     if (!index.isValid())
         return;
-    Q_ASSERT(row < m_model->rowCount());
     // The view opens no editor while another one is open.
     commitOpenEditor();
     m_table->scrollTo(index);
-    // The row is selected already: only the cell becomes current.
+    // Only the cell becomes current. The row is selected already, and a selecting move would
+    // toggle it off again while Control (of Ctrl+I) is held.
     m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     m_delegate->lastEditor = nullptr;
     m_table->edit(index);
