@@ -15,13 +15,14 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QSplitter>
+#include <QStyle>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTimer>
 #include <QToolButton>
@@ -30,6 +31,41 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
+
+// The cue table repaints all its rows whenever a line changes (a correction of the new line's
+// end, the playback time moving the overlay, ...), and the view then hands every open editor
+// its cell's value again: that would put back the old text over what is being typed, and drop
+// the selection of the text. An editor gets its cell's value once, when it opens.
+class CueItemDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override
+    {
+        QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
+        lastEditor = editor;
+        connect(this, &QAbstractItemDelegate::closeEditor, editor, [this, editor] {
+            if (lastEditor == editor)
+                lastEditor = nullptr;
+        });
+        return editor;
+    }
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override
+    {
+        if (editor->property(FilledProperty).toBool())
+            return;
+        editor->setProperty(FilledProperty, true);
+        QStyledItemDelegate::setEditorData(editor, index);
+    }
+
+    // The editor opened last, while it is open.
+    mutable QPointer<QWidget> lastEditor;
+
+private:
+    static constexpr const char *FilledProperty = "captoraEditorFilled";
+};
 
 ProjectWindow::ProjectWindow(QWidget *parent)
     : QMainWindow(parent)
@@ -219,6 +255,8 @@ QWidget *ProjectWindow::buildEditorSide()
     m_model = new CueTableModel(m_project.get(), this);
     m_table = new QTableView(side);
     m_table->setModel(m_model);
+    m_delegate = new CueItemDelegate(m_table);
+    m_table->setItemDelegate(m_delegate);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -387,6 +425,7 @@ void ProjectWindow::applyProjectSelection()
     m_syncingSelection = true;
     QItemSelection selection;
     const QList<qsizetype> &rows = m_project->selectionIndices();
+    Q_ASSERT(rows.isEmpty() || rows.last() < m_model->rowCount());
     // Runs of rows become one range each, so selecting thousands of rows stays cheap.
     for (qsizetype i = 0; i < rows.size();) {
         qsizetype j = i;
@@ -491,11 +530,28 @@ void ProjectWindow::beginEditingText(qsizetype row)
     const QModelIndex index = m_model->index(int(row), CueTableModel::TextColumn);
     if (!index.isValid())
         return;
+    // The view opens no editor while another one is open.
+    commitOpenEditor();
     m_table->scrollTo(index);
-    m_table->setCurrentIndex(index);
+    // Only the cell becomes current. The row is selected already, and a selecting move would
+    // toggle it off again while Control (of Ctrl+I) is held.
+    m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    m_delegate->lastEditor = nullptr;
     m_table->edit(index);
-    if (auto *editor = qobject_cast<QLineEdit *>(m_table->indexWidget(index)))
+    // Typing replaces the text: the editor has the focus with all of its text selected.
+    if (auto *editor = qobject_cast<QLineEdit *>(m_delegate->lastEditor.data())) {
+        editor->setFocus(Qt::OtherFocusReason);
         editor->selectAll();
+    }
+}
+
+void ProjectWindow::commitOpenEditor()
+{
+    if (QWidget *editor = m_delegate->lastEditor) {
+        m_delegate->lastEditor = nullptr;
+        Q_EMIT m_delegate->commitData(editor);
+        Q_EMIT m_delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
 }
 
 // --- ProjectView: the movie ------------------------------------------------------------------------

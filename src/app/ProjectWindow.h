@@ -13,6 +13,7 @@
 #include <vector>
 
 class CTFixButton;
+class CueItemDelegate;
 class CueTableModel;
 class MoviePlaceholder;
 class QAction;
@@ -135,6 +136,8 @@ private:
     void refreshEditorFields();
     void applyProjectSelection();
     void tableSelectionChanged();
+    // Commits and closes the table's cell editor, if one is open.
+    void commitOpenEditor();
     void stepBy(int which);
     void focusChanged(QWidget *now);
     void fixButtonClicked();
@@ -157,6 +160,8 @@ private:
     bool m_updatingFields = false;
     bool m_terminating = false;
     bool m_scrubbing = false;
+    // The duration sheet's "Only selected lines", as the user last left it.
+    bool m_durationOnlySelected = false;
 
     MoviePlaceholder *m_movieArea = nullptr;
     QPushButton *m_playButton = nullptr;
@@ -168,6 +173,7 @@ private:
     QMenu *m_audioMenu = nullptr;
     QTableView *m_table = nullptr;
     CueTableModel *m_model = nullptr;
+    CueItemDelegate *m_delegate = nullptr;
     QLineEdit *m_startField = nullptr;
     QLineEdit *m_durationField = nullptr;
     QPlainTextEdit *m_textField = nullptr;

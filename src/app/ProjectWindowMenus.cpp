@@ -132,6 +132,9 @@ void ProjectWindow::runCommand(const QString &command)
                  .enabled)
             return;
     }
+    // What is typed into a cell counts before any command runs: a command that changes the
+    // list of lines would otherwise close the editor and drop it.
+    commitOpenEditor();
     CTWindowController &p = *m_project;
     PlaybackControl *player = p.movieController();
     if (command == u"openMovie:"_s) {
@@ -423,7 +426,15 @@ QDialog *ProjectWindow::makeSheetDialog(const Sheet &sheet)
     form->addRow(u"Minimum:"_s, minimum);
     form->addRow(u"Maximum:"_s, maximum);
     form->addRow(u"Gap:"_s, gap);
+    // Only selected lines needs a selection: without one the box is off and cannot be ticked.
     auto *onlySelected = new QCheckBox(u"Only selected lines"_s, dialog);
+    onlySelected->setObjectName(u"durationOnlySelecedCheckbox"_s);
+    const bool anySelected = !m_project->selectionIndices().isEmpty();
+    if (!anySelected)
+        m_durationOnlySelected = false;
+    onlySelected->setEnabled(anySelected);
+    onlySelected->setChecked(m_durationOnlySelected);
+    connect(onlySelected, &QCheckBox::toggled, this, [this](bool on) { m_durationOnlySelected = on; });
     form->addRow(onlySelected);
     auto *problem = new QLabel(dialog);
     problem->setStyleSheet(u"color: red"_s);

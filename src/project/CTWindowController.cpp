@@ -142,6 +142,9 @@ void CTWindowController::storeSubtitlePath(const QString &path)
 
 void CTWindowController::setSubtitles(const SubtitleList &subtitles)
 {
+    // Rows and the current cue name cues of the old list: they go before the list does, so
+    // that nothing reads an old row against the new list.
+    clearSelection();
     willChangeValueForKey(u"subtitles"_s);
     m_subtitles = subtitles;
     invalidateArranged();
@@ -151,6 +154,28 @@ void CTWindowController::setSubtitles(const SubtitleList &subtitles)
         m_player->setSubtitles(m_subtitles);
         m_player->setShowSubtitle(true);
     }
+    Q_ASSERT(selectionIsConsistent());
+}
+
+void CTWindowController::clearSelection()
+{
+    if (!m_selection.isEmpty() || m_currentSubtitle)
+        setSelectionIndices({});
+}
+
+bool CTWindowController::selectionIsConsistent() const
+{
+    const SubtitleList &arranged = arrangedSubtitles();
+    for (qsizetype n = 0; n < m_selection.size(); ++n) {
+        if (m_selection[n] < 0 || m_selection[n] >= arranged.size())
+            return false;
+        if (n > 0 && m_selection[n] <= m_selection[n - 1])
+            return false;
+    }
+    if (m_selection.size() == 1)
+        return m_currentSubtitle == arranged[m_selection.first()];
+    // Several rows or none: no current cue.
+    return !m_currentSubtitle;
 }
 
 void CTWindowController::invalidateArranged()
@@ -192,10 +217,27 @@ void CTWindowController::setSelectionIndices(QList<qsizetype> rows)
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     const SubtitleList &arranged = arrangedSubtitles();
     rows.removeIf([&](qsizetype row) { return row < 0 || row >= arranged.size(); });
+    // The current cue follows inside the announcement, so that whoever hears of the new
+    // selection finds the current cue already matching it. Text typed for the old current
+    // cue goes to it first, while the selection still names it.
+    commitTypedText();
     willChangeValueForKey(u"selectionIndices"_s);
     m_selection = rows;
-    didChangeValueForKey(u"selectionIndices"_s);
     setCurrentSubtitle(m_selection.size() == 1 ? arranged[m_selection.first()] : SubtitlePtr());
+    didChangeValueForKey(u"selectionIndices"_s);
+    Q_ASSERT(selectionIsConsistent());
+}
+
+SubtitleList CTWindowController::selectedCues() const
+{
+    const SubtitleList &arranged = arrangedSubtitles();
+    SubtitleList cues;
+    cues.reserve(m_selection.size());
+    for (qsizetype row : m_selection) {
+        if (row >= 0 && row < arranged.size())
+            cues.append(arranged[row]);
+    }
+    return cues;
 }
 
 void CTWindowController::setCurrentTime(double seconds)
@@ -205,16 +247,14 @@ void CTWindowController::setCurrentTime(double seconds)
     didChangeValueForKey(u"currentTime"_s);
     // Tap2Sync ends when playback reaches the next anchor.
     if (m_fixMode == 4 && seconds >= m_range.endChange)
-        setFixMode(1);
+        setFixMode(defaultFixMode());
 }
 
 void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
 {
     const bool oldNoAdjust = m_noAdjust;
     m_noAdjust = true;
-    // Keep an edit that was typed into the text field but not committed yet.
-    if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText)
-        m_currentSubtitle->setString(m_subtitleText);
+    commitTypedText();
     m_cueBinding.reset();
 
     willChangeValueForKey(u"currentSubtitle"_s);
@@ -240,6 +280,17 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
     }
     updateRangeNotification();
     m_noAdjust = oldNoAdjust;
+}
+
+void CTWindowController::commitTypedText()
+{
+    // Keep an edit that was typed into the text field but not committed yet.
+    if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText) {
+        const bool oldNoAdjust = m_noAdjust;
+        m_noAdjust = true;
+        m_currentSubtitle->setString(m_subtitleText);
+        m_noAdjust = oldNoAdjust;
+    }
 }
 
 void CTWindowController::bindEditorFields(const SubtitlePtr &cue)
@@ -359,15 +410,15 @@ qsizetype CTWindowController::subtitleIndexAtTime(double seconds) const
 
 int CTWindowController::forcedState() const
 {
+    Q_ASSERT(selectionIsConsistent());
     if (m_currentSubtitle)
         return m_forced ? 1 : 0;
-    const SubtitleList &arranged = arrangedSubtitles();
-    qsizetype forcedCount = 0;
-    for (qsizetype row : m_selection)
-        forcedCount += arranged[row]->forced() ? 1 : 0;
+    const SubtitleList cues = selectedCues();
+    const auto forcedCount =
+        std::count_if(cues.cbegin(), cues.cend(), [](const SubtitlePtr &cue) { return cue->forced(); });
     if (forcedCount == 0)
         return 0;
-    return forcedCount == m_selection.size() ? 1 : -1;
+    return forcedCount == cues.size() ? 1 : -1;
 }
 
 void CTWindowController::setForcedState(int state)
@@ -377,11 +428,11 @@ void CTWindowController::setForcedState(int state)
     if (m_currentSubtitle) {
         setForced(on);
     } else {
-        const SubtitleList &arranged = arrangedSubtitles();
+        Q_ASSERT(selectionIsConsistent());
         bool changed = false;
-        for (qsizetype row : std::as_const(m_selection)) {
-            if (arranged[row]->forced() != on) {
-                arranged[row]->setForced(on);
+        for (const SubtitlePtr &cue : selectedCues()) {
+            if (cue->forced() != on) {
+                cue->setForced(on);
                 changed = true;
             }
         }

@@ -63,6 +63,8 @@ public:
     // Rows of the arranged list. Exactly one selected row makes its cue current.
     const QList<qsizetype> &selectionIndices() const { return m_selection; }
     void setSelectionIndices(QList<qsizetype> rows);
+    // The cues of the selected rows, in row order.
+    SubtitleList selectedCues() const;
 
     double currentTime() const { return m_currentTime; }
     void setCurrentTime(double seconds);
@@ -295,11 +297,16 @@ protected:
 private:
     friend class NoVerifyingScope;
     void storeSubtitlePath(const QString &path);
+    void commitTypedText();
     void bindEditorFields(const SubtitlePtr &cue);
     void refreshEditorFields();
     void announceEditorFields();
     void invalidateArranged();
-    void updateSearchPredicate();
+    void clearSelection();
+    // Every selected row lies inside the listed cues, in order, and one selected row is
+    // exactly the current cue (checked by assertions in debug builds).
+    bool selectionIsConsistent() const;
+    void updateSearchPredicate(const SubtitleList &selected);
     void observeCueNotifications();
     void subtitleEndGrew(const SubtitlePtr &cue);
     void subtitleStartReduced(const SubtitlePtr &cue);

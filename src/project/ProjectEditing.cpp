@@ -40,25 +40,51 @@ QString foldForSearch(QStringView text)
 
 void CTWindowController::setSearchString(const QString &text)
 {
+    const SubtitleList selected = selectedCues();
     m_searchString = text;
-    updateSearchPredicate();
+    updateSearchPredicate(selected);
 }
 
 void CTWindowController::setSearchCaseSensitive(bool caseSensitive)
 {
+    const SubtitleList selected = selectedCues();
     m_searchCaseSensitive = caseSensitive;
     Settings::shared().setValue(u"searchCaseSensitive"_s, caseSensitive);
-    updateSearchPredicate();
+    updateSearchPredicate(selected);
 }
 
-void CTWindowController::updateSearchPredicate()
+void CTWindowController::updateSearchPredicate(const SubtitleList &selected)
 {
+    // Selected rows are rows of the listed cues. The selection keeps its cues (`selected`, read
+    // before the filter or the texts changed), at their rows in the new list; cues the filter
+    // now hides leave it. The rows change inside the filter's announcement, so no one reads an
+    // old row against the new list.
+    commitTypedText();
     willChangeValueForKey(u"searchPredicate"_s);
+    willChangeValueForKey(u"selectionIndices"_s);
     m_foldedSearch = m_searchCaseSensitive ? m_searchString : foldForSearch(m_searchString);
     m_searchIsAscii = std::all_of(m_searchString.cbegin(), m_searchString.cend(),
                                   [](QChar c) { return c.unicode() < 0x80; });
     invalidateArranged();
+    QList<qsizetype> rows;
+    if (!selected.isEmpty()) {
+        const SubtitleList &arranged = arrangedSubtitles();
+        qsizetype from = 0; // both lists are in list order
+        for (const SubtitlePtr &cue : selected) {
+            const qsizetype row = arranged.indexOf(cue, from);
+            if (row >= 0) {
+                rows.append(row);
+                from = row + 1;
+            }
+        }
+    }
+    m_selection = rows;
+    const SubtitlePtr current = rows.size() == 1 ? arrangedSubtitles()[rows.first()] : SubtitlePtr();
+    if (current != m_currentSubtitle)
+        setCurrentSubtitle(current);
+    didChangeValueForKey(u"selectionIndices"_s);
     didChangeValueForKey(u"searchPredicate"_s);
+    Q_ASSERT(selectionIsConsistent());
 }
 
 bool CTWindowController::searchPredicateAccepts(const VHSubtitle &cue) const
@@ -84,6 +110,7 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
         return;
     const Qt::CaseSensitivity cs = m_searchCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
     bool anyChanged = false;
+    const SubtitleList selected = selectedCues();
     const SubtitleList listed = arrangedSubtitles();
     for (const SubtitlePtr &cue : listed) {
         const QString &text = cue->string();
@@ -106,7 +133,7 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
     }
     if (anyChanged) {
         // Lines may have left or joined the filtered list: the table is told, not just the cache.
-        updateSearchPredicate();
+        updateSearchPredicate(selected);
         markChanged();
     }
 }
@@ -121,11 +148,14 @@ void CTWindowController::addSubtitle()
         start = m_player->currentTime();
         index = subtitleIndexAtTime(start);
     } else if (!m_subtitles.isEmpty()) {
-        const SubtitleList &arranged = arrangedSubtitles();
-        const SubtitlePtr after = m_selection.isEmpty() ? m_subtitles.last() : arranged[m_selection.last()];
+        const SubtitleList selected = selectedCues();
+        const SubtitlePtr after = selected.isEmpty() ? m_subtitles.last() : selected.last();
         start = after->end();
         index = indexOfSubtitle(after.get()) + 1;
     }
+
+    // The rows of the old list mean nothing once the cue is in: the selection goes first.
+    clearSelection();
 
     SubtitlePtr cue;
     if (m_isChaptermark) {
@@ -147,10 +177,12 @@ void CTWindowController::addSubtitle()
     if (m_player)
         m_player->setSubtitles(m_subtitles);
 
+    // The new line must be a row of the table to be selected and edited: a search that
+    // would hide it is cleared.
+    if (!searchPredicateAccepts(*cue))
+        setSearchString(QString());
     const qsizetype row = arrangedSubtitles().indexOf(cue);
-    setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
-    if (row < 0)
-        setCurrentSubtitle(cue);
+    setSelectionIndices({row});
     markChanged();
 
     if (m_isChaptermark) {
@@ -159,6 +191,7 @@ void CTWindowController::addSubtitle()
         NotificationCenter::defaultCenter().post(VHSubtitle::EndGrewNotification, cue.get());
         NotificationCenter::defaultCenter().post(VHSubtitle::StartReducedNotification, cue.get());
     }
+    Q_ASSERT(selectionIsConsistent());
     if (m_view && row >= 0)
         m_view->beginEditingText(row);
 }
@@ -168,10 +201,10 @@ void CTWindowController::deleteSubtitle()
     if (m_selection.isEmpty())
         return;
     const qsizetype first = m_selection.last() - m_selection.size() + 1;
-    const SubtitleList &arranged = arrangedSubtitles();
+    Q_ASSERT(selectionIsConsistent());
     QList<const VHSubtitle *> doomed;
-    for (qsizetype row : std::as_const(m_selection))
-        doomed.append(arranged[row].get());
+    for (const SubtitlePtr &cue : selectedCues())
+        doomed.append(cue.get());
 
     setSelectionIndices({});
     willChangeValueForKey(u"subtitles"_s);
@@ -200,6 +233,7 @@ void CTWindowController::deleteSubtitle()
     const qsizetype row = std::min(first, arrangedSubtitles().size() - 1);
     if (row >= 0)
         setSelectionIndices({row});
+    Q_ASSERT(selectionIsConsistent());
 }
 
 // --- stepping ------------------------------------------------------------------------------
@@ -314,9 +348,8 @@ void CTWindowController::adjustDurationPerCharacter(double perCharacter, double 
     // Selected rows name cues of the table's list; the walk goes over the whole list.
     QList<qsizetype> selected;
     if (onlySelected) {
-        const SubtitleList &arranged = arrangedSubtitles();
-        for (qsizetype row : std::as_const(m_selection)) {
-            const qsizetype index = indexOfSubtitle(arranged[row].get());
+        for (const SubtitlePtr &cue : selectedCues()) {
+            const qsizetype index = indexOfSubtitle(cue.get());
             if (index >= 0)
                 selected.append(index);
         }
@@ -328,6 +361,7 @@ void CTWindowController::adjustDurationPerCharacter(double perCharacter, double 
         const auto it = std::lower_bound(selected.cbegin(), selected.cend(), from);
         return it == selected.cend() ? m_subtitles.size() : *it;
     };
+    bool changed = false;
     qsizetype i = firstFrom(0);
     while (i >= 0 && i < m_subtitles.size()) {
         const SubtitlePtr cue = m_subtitles[i];
@@ -340,10 +374,15 @@ void CTWindowController::adjustDurationPerCharacter(double perCharacter, double 
         d = std::max(d, minimum);
         d = std::min(d, maximum);
         d = std::min(d, available);
+        // Through the cue's setter, so that views and change tracking follow as with any edit.
+        const double before = cue->end();
         cue->setDuration(d);
+        changed = changed || cue->end() != before;
         if (last)
             break;
         i = next;
     }
     m_noVerifying = old;
+    if (changed)
+        markChanged();
 }

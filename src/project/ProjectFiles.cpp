@@ -51,7 +51,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     willChangeValueForKey(u"hasSubtitleFile"_s);
     willChangeValueForKey(u"subtitlePath"_s);
 
-    setCurrentSubtitle(SubtitlePtr());
+    clearSelection();
 
     QString target;
     if (chapterMark) {
@@ -86,7 +86,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
                 ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
                 : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional);
         setSubtitles(cues.value_or(SubtitleList()));
-        setFixMode(1);
+        setFixMode(defaultFixMode());
         if (!m_subtitles.isEmpty()) {
             m_isFixed = false;
             NotificationCenter::defaultCenter().post(SubLoadedNotification, this);
@@ -105,7 +105,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         setSubtitles({});
         if (chapterMark) {
             addSubtitle();
-            setFixMode(1);
+            setFixMode(defaultFixMode());
         }
     }
 

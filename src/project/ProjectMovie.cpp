@@ -46,8 +46,7 @@ void CTWindowController::setMoviePath(const QString &path)
     m_movieDuration = 0;
     m_fps = 0;
     if (hadMovie) {
-        setCurrentSubtitle(SubtitlePtr());
-        setSubtitles({});
+        setSubtitles({}); // clears the selection and the current cue first
     }
     didChangeValueForKey(u"hasMovie"_s);
     if (m_view)
@@ -169,7 +168,7 @@ void CTWindowController::movieDidLoad()
     storeSubtitlePath(QString());
     autoSelectSubtitle();
     setEmbeddingState(0);
-    setFixMode(1);
+    setFixMode(defaultFixMode());
 
     fillAudioMenu();
 

@@ -165,13 +165,13 @@ void CTWindowController::updateFixMode()
     else if (m_modifiers & OptionModifier)
         setFixMode(3);
     else
-        setFixMode(1);
+        setFixMode(defaultFixMode());
 }
 
 void CTWindowController::toggleTap2Sync()
 {
     if (m_fixMode == 4) {
-        setFixMode(1);
+        setFixMode(defaultFixMode());
         return;
     }
     Settings &settings = Settings::shared();
@@ -195,14 +195,14 @@ void CTWindowController::toggleTap2Sync()
 
 void CTWindowController::fixButtonGotEscape()
 {
-    setFixMode(1);
+    setFixMode(defaultFixMode());
     updateFixMode();
 }
 
 void CTWindowController::movieChangedPlaying(bool playing)
 {
     if (!playing && m_fixMode == 4)
-        setFixMode(1);
+        setFixMode(defaultFixMode());
     if (m_view)
         m_view->setPlayButtonTitle(playing ? u"Pause"_s : u"Play"_s);
 }
@@ -223,7 +223,7 @@ void CTWindowController::fixSubtitleStart()
         const qsizetype row = arrangedSubtitles().indexOf(m_subtitles[index + 1]);
         setSelectionIndices(row >= 0 ? QList<qsizetype>{row} : QList<qsizetype>{});
     } else {
-        setFixMode(1);
+        setFixMode(defaultFixMode());
     }
 }
 
@@ -311,6 +311,8 @@ void CTWindowController::setStart(double t)
     }
     subtitleStartReduced(cue);
     subtitleEndGrew(cue);
+    // Chapter marks tile the movie: the neighbours meet the moved mark again.
+    videoTextTimeChanged(cue.get());
     if (m_player)
         m_player->redrawCurrentSubtitle();
     m_noAdjust = oldNoAdjust;

@@ -8,22 +8,24 @@
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "TestSupport.h"
-#include "WindowPrompter.h"
 #include "VHTimeValueTransformer.h"
+#include "WindowPrompter.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
-#include <QTimer>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -514,3 +516,212 @@ TEST_F(WindowTest, TheWindowsPrompterAnswersWithTheButtonChoiceAndBoxTheUserTook
     EXPECT_EQ(windowPrompter.ask(prompt).button, 1);
 }
 } // namespace
+
+namespace {
+QByteArray numberedLines(int count)
+{
+    QByteArray text;
+    for (int i = 0; i < count; ++i)
+        text += u"%1\n00:00:%2,000 --> 00:00:%3,000\nLine %1\n\n"_s.arg(i + 1)
+                    .arg(i * 5 + 1, 2, 10, QChar(u'0'))
+                    .arg(i * 5 + 3, 2, 10, QChar(u'0'))
+                    .toUtf8();
+    return text;
+}
+
+// The language pop-up's entry for a file, as the user picks it.
+QAction *languageEntry(ProjectWindow &window, const QString &path)
+{
+    const LanguageList &languages = window.project()->languages();
+    const QList<QAction *> entries = window.languageButton()->menu()->actions();
+    for (qsizetype i = 0; i < languages.size() && i < entries.size(); ++i) {
+        if (languages[i]->path() == path)
+            return entries[i];
+    }
+    return nullptr;
+}
+} // namespace
+
+TEST_F(WindowTest, AnotherFileLeavesNoHighlightedRowToActOn)
+{
+    dir.write(u"Film.en.srt"_s, numberedLines(7));
+    dir.write(u"Film.de.srt"_s, numberedLines(2));
+    window->project()->setMoviePath(movie);
+    player()->movie = true;
+    player()->delegate->movieControllerDidLoadMovie(player());
+    QCoreApplication::processEvents();
+    ASSERT_EQ(window->cueModel()->rowCount(), 7);
+    QItemSelectionModel *selection = window->cueTable()->selectionModel();
+    auto selectRows = [&](int first, int last) {
+        selection->select(QItemSelection(window->cueModel()->index(first, 0),
+                                         window->cueModel()->index(last, CueTableModel::ColumnCount - 1)),
+                          QItemSelectionModel::ClearAndSelect);
+    };
+
+    // Lines 5-7, then the language whose file has two lines, then Forced and Delete.
+    selectRows(4, 6);
+    ASSERT_EQ(window->project()->selectionIndices().size(), 3);
+    QAction *german = languageEntry(*window, dir.path(u"Film.de.srt"_s));
+    ASSERT_TRUE(german);
+    german->trigger();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(window->cueModel()->rowCount(), 2);
+    EXPECT_TRUE(selectedRows().isEmpty());
+    EXPECT_TRUE(window->project()->selectionIndices().isEmpty());
+    EXPECT_EQ(window->textField()->toPlainText(), u""_s);
+    EXPECT_FALSE(window->forcedBox()->isEnabled());
+    window->project()->setForcedState(1); // what a click on the box did
+    window->runCommand(u"deleteSubtitle:"_s);
+    EXPECT_EQ(window->project()->subtitles().size(), 2);
+    EXPECT_FALSE(window->isWindowModified());
+
+    // Lines 1-4, then the chapter marks, twice.
+    languageEntry(*window, dir.path(u"Film.en.srt"_s))->trigger();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(window->cueModel()->rowCount(), 7);
+    selectRows(0, 3);
+    window->runCommand(u"editChapterMark:"_s);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(window->project()->isChaptermark());
+    EXPECT_EQ(selectedRows(), QList<int>{0}); // the first mark, just made
+    EXPECT_EQ(window->textField()->toPlainText(), u"Chapter 1"_s);
+    window->runCommand(u"saveSubtitle:"_s);
+    window->runCommand(u"editChapterMark:"_s);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(selectedRows().isEmpty());
+    EXPECT_EQ(window->forcedBox()->checkState(), Qt::Unchecked);
+    window->runCommand(u"deleteSubtitle:"_s);
+    EXPECT_EQ(window->project()->subtitles().size(), 1);
+}
+
+TEST_F(WindowTest, ANewLineIsSelectedAndTypingReplacesItsTextWhole)
+{
+    openMovieWithSubtitles();
+    window->cueTable()->selectRow(2);
+    player()->time = 3; // between the first and the second line
+    // Through the key, so that Control is held while the new row is made current (it used to
+    // toggle the row's selection off again, leaving the fields empty and the row unrepainted).
+    window->cueTable()->setFocus();
+    QTest::keyClick(window->cueTable(), Qt::Key_I, Qt::ControlModifier);
+    QCoreApplication::processEvents();
+    const SubtitleList &lines = window->project()->subtitles();
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_EQ(selectedRows(), QList<int>{1});
+    EXPECT_EQ(window->project()->currentSubtitle(), lines[1]);
+    EXPECT_EQ(window->textField()->toPlainText(), u"Subtitle"_s);
+    EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(3));
+
+    auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_TRUE(editor) << "no cell editor has the focus";
+    EXPECT_EQ(editor->selectedText(), u"Subtitle"_s);
+
+    // The correction of the new line's end and the repaints that follow it leave the editor
+    // alone, and the row shows the corrected duration at once.
+    MainQueue::main().drain();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(editor->selectedText(), u"Subtitle"_s);
+    const QModelIndex duration = window->cueModel()->index(1, CueTableModel::DurationColumn);
+    EXPECT_EQ(window->cueModel()->data(duration, Qt::DisplayRole).toString(),
+              VHTimeValueTransformer::stringForTime(2));
+    EXPECT_EQ(window->durationField()->text(), VHTimeValueTransformer::stringForTime(2));
+
+    QTest::keyClicks(editor, u"Ne"_s);
+    window->cueModel()->refreshRows(); // as every tick of the playback time does
+    MainQueue::main().drain();
+    QCoreApplication::processEvents();
+    QTest::keyClicks(editor, u"wly added line"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lines[1]->string(), u"Newly added line"_s);
+
+    // Adding again while a cell is still being edited keeps what was typed and edits the
+    // next new line.
+    player()->time = 8;
+    window->runCommand(u"addSubtitle:"_s);
+    QCoreApplication::processEvents();
+    editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_TRUE(editor);
+    QTest::keyClicks(editor, u"Half"_s);
+    player()->time = 9;
+    window->runCommand(u"addSubtitle:"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(lines[3]->string(), u"Half"_s);
+    editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    ASSERT_TRUE(editor) << "no editor for the second new line";
+    EXPECT_EQ(editor->selectedText(), u"Subtitle"_s);
+    QTest::keyClick(editor, Qt::Key_Escape);
+    MainQueue::main().drain();
+
+    window->runCommand(u"saveSubtitle:"_s);
+    QFile saved(dir.path(u"Film.en.srt"_s));
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    const QByteArray text = saved.readAll();
+    EXPECT_TRUE(text.contains("\nNewly added line\n")) << text.constData();
+    EXPECT_TRUE(text.contains("\nHalf\n")) << text.constData();
+}
+
+TEST_F(WindowTest, AdjustingDurationsOnlyForSelectedLinesNeedsASelection)
+{
+    openMovieWithSubtitles();
+    auto openSheet = [&]() -> QCheckBox * {
+        window->runCommand(u"fixDuration:"_s);
+        QWidget *dialog = QApplication::activeModalWidget();
+        return dialog ? dialog->findChild<QCheckBox *>(u"durationOnlySelecedCheckbox"_s) : nullptr;
+    };
+    auto start = [&] {
+        auto *buttons = QApplication::activeModalWidget()->findChild<QDialogButtonBox *>();
+        buttons->button(QDialogButtonBox::Ok)->click();
+        QCoreApplication::processEvents();
+    };
+
+    QCheckBox *onlySelected = openSheet();
+    ASSERT_TRUE(onlySelected);
+    EXPECT_FALSE(onlySelected->isEnabled());
+    EXPECT_FALSE(onlySelected->isChecked());
+    start();
+    EXPECT_FALSE(window->hasAttachedSheet());
+    EXPECT_TRUE(window->isWindowModified()); // the title shows the file changed
+    EXPECT_TRUE(window->project()->hasChanged());
+
+    window->project()->setHasChanged(false);
+    window->project()->setSelectionIndices({1});
+    onlySelected = openSheet();
+    ASSERT_TRUE(onlySelected);
+    EXPECT_TRUE(onlySelected->isEnabled());
+    onlySelected->setChecked(true);
+    window->endSheet(window->attachedSheets().first(), 0);
+
+    // Ticked before, but now nothing is selected: off and disabled.
+    window->project()->setSelectionIndices({});
+    onlySelected = openSheet();
+    ASSERT_TRUE(onlySelected);
+    EXPECT_FALSE(onlySelected->isEnabled());
+    EXPECT_FALSE(onlySelected->isChecked());
+    window->endSheet(window->attachedSheets().first(), 0);
+}
+
+TEST_F(WindowTest, TheSearchKeepsTheSelectedLinesHighlighted)
+{
+    dir.write(u"Film.en.srt"_s, numberedLines(8));
+    window->project()->setMoviePath(movie);
+    player()->movie = true;
+    player()->delegate->movieControllerDidLoadMovie(player());
+    QCoreApplication::processEvents();
+    window->cueTable()->selectionModel()->select(
+        QItemSelection(window->cueModel()->index(4, 0),
+                       window->cueModel()->index(6, CueTableModel::ColumnCount - 1)),
+        QItemSelectionModel::ClearAndSelect);
+    window->searchField()->setFocus();
+    QTest::keyClicks(window->searchField(), u"Line 6"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selectedRows(), QList<int>{0});
+    EXPECT_EQ(window->textField()->toPlainText(), u"Line 6"_s);
+    window->forcedBox()->click();
+    EXPECT_TRUE(window->project()->subtitles()[5]->forced());
+
+    window->searchField()->clear();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selectedRows(), QList<int>{5});
+    EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{5});
+    EXPECT_EQ(window->textField()->toPlainText(), u"Line 6"_s);
+}
