@@ -133,7 +133,9 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
             : VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding,
                                                  optional);
     if (!cues) {
-        if (QFileInfo(path).size() == 0)
+        // Read with a limit of 0 bytes, only an empty file gives bytes (none).
+        RegularFile::Failure unused;
+        if (RegularFile::read(path, 0, &unused) == QByteArray())
             printError(u"'%1' is empty"_s.arg(path));
         else
             printError(u"No subtitles could be read from '%1'"_s.arg(path));

@@ -1,8 +1,7 @@
 #include "DecodedFile.h"
 
-#include "VHEncoding.h"
-
 #include "RegularFile.h"
+#include "VHEncoding.h"
 
 #include <cerrno>
 

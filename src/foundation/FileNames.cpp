@@ -1,6 +1,11 @@
 #include "FileNames.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 // Length of the well-formed UTF-8 sequence at `p` (at most `left` bytes), or 0 when the
@@ -76,4 +81,28 @@ QString errnoText(int error)
     if (const char *text = strerrordesc_np(error))
         return QString::fromUtf8(text);
     return QStringLiteral("Unknown error %1").arg(error);
+}
+
+bool pathExists(const QString &path)
+{
+    struct stat info
+    {
+    };
+    return !path.isEmpty() && ::lstat(encodeFileName(path).constData(), &info) == 0;
+}
+
+bool removeFile(const QString &path)
+{
+    return ::unlink(encodeFileName(path).constData()) == 0;
+}
+
+bool renameFile(const QString &from, const QString &to)
+{
+    const QByteArray source = encodeFileName(from), target = encodeFileName(to);
+    if (::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // A filesystem without RENAME_NOREPLACE: check, then move.
+    return !pathExists(to) && ::rename(source.constData(), target.constData()) == 0;
 }

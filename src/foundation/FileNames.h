@@ -15,3 +15,11 @@ QByteArray encodeFileName(const QString &name);
 
 // The system's description of an errno value in English ("No space left on device").
 QString errnoText(int error);
+
+// The few operations on names the program does besides reading and writing, through the
+// same mapping. pathExists() is true when the name is there at all, whatever it is (a
+// dangling or looping link too): such a name is taken, and reading it says what is wrong.
+bool pathExists(const QString &path);
+bool removeFile(const QString &path);
+// Moves `from` to `to` unless `to` exists already.
+bool renameFile(const QString &from, const QString &to);

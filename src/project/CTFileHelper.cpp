@@ -1,5 +1,6 @@
 #include "CTFileHelper.h"
 
+#include "FileNames.h"
 #include "LocaleNames.h"
 #include "PropertyList.h"
 #include "Resources.h"
@@ -28,7 +29,7 @@ QString CTFileHelper::pathWithBase(const QString &base, const QString &extension
     if (base.isEmpty())
         return u""_s;
     QString candidate = base + u'.' + extension;
-    for (qint64 n = 1; QFileInfo::exists(candidate) && candidate != compare; ++n)
+    for (qint64 n = 1; pathExists(candidate) && candidate != compare; ++n)
         candidate = base + u"-%1.%2"_s.arg(n).arg(extension);
     return candidate;
 }

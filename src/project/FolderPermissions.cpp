@@ -1,5 +1,6 @@
 #include "FolderPermissions.h"
 
+#include "FileNames.h"
 #include "Log.h"
 #include "ProjectView.h"
 #include "Prompter.h"
@@ -34,7 +35,7 @@ QString FolderPermissions::defaultStorePath()
 
 bool FolderPermissions::isWritableFolder(const QString &folder)
 {
-    const QByteArray native = QFile::encodeName(folder);
+    const QByteArray native = encodeFileName(folder);
     return QFileInfo(folder).isDir() && ::access(native.constData(), W_OK) == 0;
 }
 

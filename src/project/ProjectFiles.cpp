@@ -2,6 +2,7 @@
 // files that arrive by drop or download.
 #include "CTFileHelper.h"
 #include "CTWindowController.h"
+#include "FileNames.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlaybackControl.h"
@@ -56,7 +57,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     QString target;
     if (chapterMark) {
         target = CTFileHelper::chapterMarksPath(m_basePath);
-        if (path != target && (QFileInfo::exists(target) || m_isChaptermark)) {
+        if (path != target && (pathExists(target) || m_isChaptermark)) {
             Prompt prompt;
             prompt.message = u"Overwrite Chaper Marks File?"_s;
             prompt.buttons = {u"Overwrite"_s, u"Cancel"_s};
@@ -77,7 +78,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     m_isChaptermark = chapterMark;
 
     bool loaded = false;
-    if (!path.isEmpty() && QFileInfo::exists(path)) {
+    if (!path.isEmpty() && pathExists(path)) {
         const auto encoding =
             Encodings::canonical(EncodingId(Settings::shared().integerValue(u"Encoding"_s)));
         const bool optional = target == path;
@@ -254,8 +255,8 @@ void CTWindowController::deleteSubtitleFile()
     prompt.buttons = {u"Delete '%1'"_s.arg(name), u"Cancel"_s};
     if (Prompter::shared().ask(prompt).button != 0)
         return;
-    if (QFileInfo::exists(path))
-        QFile::remove(path); // failure ignored
+    if (pathExists(path))
+        removeFile(path); // failure ignored
     storeSubtitlePath(QString());
     setHasChanged(false);
     autoSelectSubtitle();

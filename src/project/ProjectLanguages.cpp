@@ -2,6 +2,7 @@
 // row, renaming the current file to a language, and picking a file when a movie opens.
 #include "CTFileHelper.h"
 #include "CTWindowController.h"
+#include "FileNames.h"
 #include "LocaleNames.h"
 #include "Log.h"
 #include "ProjectView.h"
@@ -64,7 +65,7 @@ void CTWindowController::updateLanguages()
     auto separator = [] { return CTLanguage::languageWithDisplayName(u""_s, QString()); };
 
     const bool hasChapterFile =
-        !m_basePath.isEmpty() && QFileInfo::exists(CTFileHelper::chapterMarksPath(m_basePath));
+        !m_basePath.isEmpty() && pathExists(CTFileHelper::chapterMarksPath(m_basePath));
     if (hasChapterFile || m_isChaptermark) {
         const LanguagePtr chapters = command(u"Chapter Marks"_s, u"editChapterMark:"_s);
         m_languages.prepend(chapters);
@@ -149,8 +150,8 @@ void CTWindowController::switchLanguage(const QString &localeIdentifier)
     const QString extension = localeIdentifier.isEmpty() ? u"srt"_s : localeIdentifier + u".srt"_s;
     const QString target = CTFileHelper::pathWithBase(m_basePath, extension, current);
     if (target != current) {
-        if (QFileInfo::exists(current))
-            QFile::rename(current, target); // a failed move is not reported; the path changes anyway
+        if (pathExists(current))
+            renameFile(current, target); // a failed move is not reported; the path changes anyway
         storeSubtitlePath(target);
     }
     updateLanguages();

@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-struct Run
+struct CliRun
 {
     int status = -1; // -1: crashed or hung
     QByteArray out, err;
@@ -24,7 +24,7 @@ struct Run
     QStringList errorLines() const { return QString::fromUtf8(err).split(u'\n').filter(u"Error: "_s); }
 };
 
-Run runProgram(const QString &program, const QStringList &args, const QString &folder = QString())
+CliRun runProgram(const QString &program, const QStringList &args, const QString &folder = QString())
 {
     QProcess process;
     process.setWorkingDirectory(folder);
@@ -40,7 +40,7 @@ Run runProgram(const QString &program, const QStringList &args, const QString &f
             process.readAllStandardOutput(), process.readAllStandardError(), timer.elapsed()};
 }
 
-Run cli(const QStringList &args)
+CliRun cli(const QStringList &args)
 {
     return runProgram(QStringLiteral(CAPTORA_CLI), args);
 }
@@ -71,7 +71,7 @@ TEST(CliFiles, AFullDiskKeepsTheOldFileAndConvertAndShiftInPlaceExitWithOneError
          {QStringList{u"convert"_s, input, target}, QStringList{u"shift"_s, u"--by"_s, u"1"_s, target},
           QStringList{u"shift"_s, u"--by"_s, u"1"_s, u"-o"_s, target, input}}) {
         SCOPED_TRACE(args.join(u' ').toStdString());
-        const Run run = cli(args);
+        const CliRun run = cli(args);
         EXPECT_EQ(run.status, 1);
         ASSERT_EQ(run.errorLines().size(), 1) << run.err.toStdString();
         EXPECT_EQ(run.errorLines()[0], u"Error: Could not write '%1': No space left on device"_s.arg(target));
@@ -113,7 +113,7 @@ TEST(CliFiles, FifosDevicesAndLinkLoopsAreRefusedAtOnceAndNeverReplaced)
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.args.join(u' ').toStdString());
-        const Run run = cli(c.args);
+        const CliRun run = cli(c.args);
         EXPECT_EQ(run.status, 1);
         EXPECT_LT(run.milliseconds, 10000);
         ASSERT_EQ(run.errorLines().size(), 1) << run.err.toStdString();
@@ -135,7 +135,7 @@ TEST(CliFiles, ASubtitleFileAboveTheLimitIsRefusedNamingItsSize)
     QFile sparse(dir.path(u"huge.srt"_s));
     ASSERT_TRUE(sparse.open(QIODevice::WriteOnly) && sparse.resize(qint64(300) << 20));
     sparse.close();
-    const Run run = cli({u"dump"_s, sparse.fileName()});
+    const CliRun run = cli({u"dump"_s, sparse.fileName()});
     EXPECT_EQ(run.status, 1);
     EXPECT_LT(run.milliseconds, 10000);
     ASSERT_EQ(run.errorLines().size(), 1);
@@ -152,16 +152,19 @@ TEST(CliFiles, NamesThatAreNotUtf8AreReadAndWrittenWithTheirExactBytes)
     ASSERT_TRUE(input.open(QIODevice::WriteOnly));
     input.write(cuesOfSize(300));
     input.close();
-    ASSERT_EQ(::rename((folder + "/in").constData(), (folder + "/caf\xe9.srt").constData()), 0);
+    ASSERT_EQ(
+        ::rename(QByteArray(folder + "/in").constData(), QByteArray(folder + "/caf\xe9.srt").constData()), 0);
 
     // bash turns $'\xe9' into the byte 0xE9, which no QString argument can carry.
-    const Run run = runProgram(
+    const CliRun run = runProgram(
         u"/bin/bash"_s,
         {u"-c"_s, u"exec \"$0\" convert $'caf\\xe9.srt' $'caf\\xe9 out.srt'"_s, QStringLiteral(CAPTORA_CLI)},
         dir.path(QString()));
     EXPECT_EQ(run.status, 0) << run.err.toStdString();
     QFile output(QString::fromLatin1(folder + "/check"));
-    ASSERT_EQ(::rename((folder + "/caf\xe9 out.srt").constData(), (folder + "/check").constData()), 0)
+    ASSERT_EQ(::rename(QByteArray(folder + "/caf\xe9 out.srt").constData(),
+                       QByteArray(folder + "/check").constData()),
+              0)
         << "no file with the exact bytes of the output name";
     ASSERT_TRUE(output.open(QIODevice::ReadOnly));
     EXPECT_TRUE(output.readAll().startsWith("1\n00:00:11,000 --> 00:00:11,500\nLine number 1\n"));
@@ -172,10 +175,10 @@ TEST(CliFiles, AHugeBadLineIsQuotedCutWithItsLength)
     TempDir dir;
     const QByteArray line(2'000'000, 'z');
     const QString path = dir.write(u"bad.srt"_s, "1\n\n" + line + "\n");
-    const Run run = cli({u"dump"_s, path});
+    const CliRun run = cli({u"dump"_s, path});
     EXPECT_EQ(run.status, 1);
     EXPECT_LT(run.err.size(), 4000) << "standard error holds " << run.err.size() << " bytes";
     const QByteArray shown = QByteArray(200, 'z') + "\xe2\x80\xa6 (2000000 characters)";
-    EXPECT_TRUE(run.err.contains("Warning: Parsing SRT fails in line (3) '" + shown + "'"))
+    EXPECT_TRUE(run.err.contains(QByteArray("Warning: Parsing SRT fails in line (3) '" + shown + "'")))
         << run.err.left(2000).toStdString();
 }
