@@ -283,7 +283,7 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
     // A damaged movie gives what could be read, said out loud.
     damage.append(readErrors.messages());
     if (dropped > 0)
-        damage.append(u"%1 samples with impossible times were left out"_s.arg(dropped));
+        damage.append(u"samples with impossible times were left out: %1"_s.arg(dropped));
     const QString track = trackID ? u"Movie-Track: %1"_s.arg(trackID) : u"the chapter list"_s;
     if (!damage.isEmpty())
         logLine(u"Warning: Reading %1 of %2 failed in part (%3); %4 holds what could be read"_s.arg(

@@ -30,7 +30,7 @@ void logCallback(void *context, int level, const char *format, va_list arguments
             va_list copy;
             va_copy(copy, arguments);
             char line[1024];
-            int prefix = 1;
+            int prefix = 0; // without "[demuxer @ address]"
             av_log_format_line2(context, level, format, copy, line, sizeof line, &prefix);
             va_end(copy);
             t_readErrors->add(QString::fromUtf8(line).trimmed());

@@ -195,19 +195,32 @@ TEST(DamagedMovies, ExtractionWarnsAndWritesOnlyPossibleTimes)
     EXPECT_EQ(cues.mid(0, 2), (QStringList{u"0.500-1.000 One"_s, u"2.000-3.000 Two"_s}));
     EXPECT_LT(cues.size(), 3);
 
-    // Times no file could hold are left out: a sample at -2 s (an edit list that starts the
-    // subtitle track late shifts its first samples before 0) comes back without it.
-    const QString early =
-        writeSubRip(dir.path(u"early.srt"_s), {{0.0, 0.5, u"Before"_s}, {3.0, 4.0, u"After"_s}});
-    const QString shifted = dir.path(u"shifted.mkv"_s);
-    ffmpeg(clipInputs(5) + QStringList{u"-itsoffset"_s, u"-2"_s, u"-i"_s, early} +
-           u"-map 0 -map 1 -map 2"_s.split(u' ') + clipCodecs() + u"-c:s srt"_s.split(u' ') +
-           QStringList{shifted});
+    // Times no file could hold are left out: a Matroska chapter whose start has its top
+    // byte damaged reads as -7,199,254 s (it was written as "-2000:12:25.259").
+    const QString chapters =
+        dir.write(u"chapters.txt"_s, ";FFMETADATA1\n[CHAPTER]\nTIMEBASE=1/1000\nSTART=0\n"
+                                     "END=1000\ntitle=Good\n[CHAPTER]\nTIMEBASE=1/1\n"
+                                     "START=9000000000\nEND=9000000001\ntitle=Bad\n");
+    const QString marked = dir.path(u"marked.mkv"_s);
+    ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=2:s=64x48:r=10"_s, u"-i"_s, chapters, u"-map"_s, u"0"_s,
+            u"-map_chapters"_s, u"1"_s, u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s, marked});
+    QByteArray chapterBytes = bytesOf(marked);
+    // ChapterTimeStart (0x91), 8 bytes: 9e18 ns.
+    const QByteArray start = QByteArray::fromHex("91887ce66c50e2840000");
+    const qsizetype at = chapterBytes.indexOf(start);
+    ASSERT_GT(at, 0);
+    chapterBytes[at + 2] = char(0xff);
+    writeBytes(marked, chapterBytes);
     log.clear();
-    CTSubtitleExtractor::extractTextTrack(shifted, 3, dir.path(u"shifted.srt"_s), true, &damaged);
-    for (const QString &line : cueLines(dir.path(u"shifted.srt"_s)))
-        EXPECT_FALSE(line.startsWith(u'-')) << line.toStdString();
-    EXPECT_FALSE(dir.read(u"shifted.srt"_s).contains("--> -"));
+    damaged = false;
+    EXPECT_TRUE(CTSubtitleExtractor::extractTextTrack(marked, 0, dir.path(u"marked.vtt"_s), false, &damaged));
+    EXPECT_TRUE(damaged);
+    const QByteArray vtt = dir.read(u"marked.vtt"_s);
+    EXPECT_TRUE(vtt.contains("00:00:00.000 --> 00:00:01.000\nGood")) << vtt.toStdString();
+    EXPECT_FALSE(vtt.contains("Bad")) << vtt.toStdString();
+    ASSERT_EQ(log.lines().size(), 1);
+    EXPECT_TRUE(log.lines()[0].contains(u"samples with impossible times were left out: 1"_s))
+        << log.lines()[0].toStdString();
 }
 
 // SubStationAlpha tracks come out as their dialogue text; picture subtitles are skipped with
