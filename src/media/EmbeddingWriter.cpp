@@ -169,7 +169,12 @@ int64_t CTSubtitleEmbedder::indexReservation(const Run &run)
     int64_t textSamples = 0;
     for (const Run::Source &source : run.sources)
         textSamples += 2 * int64_t(source.reader->subtitles().size()) + 2;
-    return indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
+    const int64_t bound = indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
+    // Cover art goes into the index's metadata list whole.
+    int64_t pictures = 0;
+    for (int index : run.coverStreams)
+        pictures += 64 + run.input->streams[index]->attached_pic.size;
+    return bound > 0 && bound + pictures <= INT_MAX ? bound + pictures : 0;
 }
 
 namespace {

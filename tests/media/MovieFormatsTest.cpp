@@ -187,7 +187,10 @@ TEST(EmbedderFormats, CarriesCoverArtAndContentRating)
 {
     TempDir dir;
     const QString cover = dir.path(u"cover.png"_s);
-    ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"color=red:s=32x32:d=0.1"_s, u"-frames:v"_s, u"1"_s, cover});
+    // Noise, so that the picture is larger than the room an index is given beyond its samples.
+    ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"nullsrc=s=300x300,geq=random(1)*255:128:128"_s, u"-frames:v"_s,
+            u"1"_s, cover});
+    ASSERT_GT(QFileInfo(cover).size(), 100'000);
     const QString movie = dir.path(u"movie.mp4"_s);
     ffmpeg(
         clipInputs(1) + QStringList{u"-i"_s, cover} + u"-map 0 -map 1 -map 2"_s.split(u' ') + clipCodecs() +
