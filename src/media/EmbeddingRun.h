@@ -70,7 +70,7 @@ using Output = std::unique_ptr<AVFormatContext, OutputFreer>;
 // The temporary file an output is written to: ".<output name>.<pid>.part" beside it.
 QString temporaryPathFor(const QString &outputPath);
 // Removes the temporaries that runs killed before their end left beside `outputPath`: those
-// whose lock nobody holds any more.
+// whose process is gone and whose lock nobody holds.
 void removeStaleTemporaries(const QString &outputPath);
 // Renames `from` to `to` unless `to` exists; errno's value on failure, else 0.
 int renameWithoutReplacing(const QString &from, const QString &to);

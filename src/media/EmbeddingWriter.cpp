@@ -22,7 +22,9 @@ extern "C" {
 #include <mutex>
 #include <thread>
 
+#include <csignal>
 #include <fcntl.h>
+#include <signal.h>
 #include <stdio.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -66,8 +68,12 @@ void removeStaleTemporaries(const QString &outputPath)
     for (const QString &name : names) {
         const QString middle = name.mid(prefix.size(), name.size() - prefix.size() - 5);
         bool isNumber = false;
-        middle.toLongLong(&isNumber);
-        if (!isNumber)
+        const qint64 pid = middle.toLongLong(&isNumber);
+        if (!isNumber || pid <= 0)
+            continue;
+        // A living writer may not have taken its lock yet (it is taken right after the
+        // file is created): only the temporaries of processes that are gone are removed.
+        if (pid == ::getpid() || ::kill(pid_t(pid), 0) == 0 || errno != ESRCH)
             continue;
         const QByteArray path = QFile::encodeName(info.dir().filePath(name));
         struct stat status;
@@ -76,7 +82,8 @@ void removeStaleTemporaries(const QString &outputPath)
         const int fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
         if (fd < 0)
             continue;
-        // A run that still writes holds the lock; one that was killed holds nothing.
+        // A run that still writes holds the lock (also one of a new process that took over
+        // the pid); one that was killed holds nothing.
         if (::flock(fd, LOCK_EX | LOCK_NB) == 0) {
             if (::unlink(path.constData()) == 0)
                 logLine(u"Info: Removed %1, left by an embedding that did not end"_s.arg(
