@@ -282,7 +282,8 @@ int runEmbed(const QStringList &args)
             return embedder->hasEnded();
         });
     }
-    if (stopping) {
+    // A signal that came after the output was complete changes nothing.
+    if (stopping && !outcome.success) {
         printError(u"Embedding was cancelled by signal %1; nothing was written"_s.arg(int(s_stopSignal)));
         return 128 + int(s_stopSignal);
     }
