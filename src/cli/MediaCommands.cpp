@@ -13,6 +13,8 @@
 #include <QThread>
 
 #include <cmath>
+#include <csignal>
+#include <signal.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -139,6 +141,53 @@ public:
     }
 };
 
+// Asks the embedder's questions with the option that answers each one without a terminal.
+class EmbedPrompter final : public Prompter
+{
+public:
+    PromptAnswer ask(const Prompt &prompt) override
+    {
+        return CTSubtitleEmbedder::isDamagedMovieQuestion(prompt) ? m_damaged.ask(prompt)
+                                                                  : m_subtitle.ask(prompt);
+    }
+
+private:
+    CliPrompter m_subtitle{
+        u"Pass --exclude ROWINDEX to embed without that file ('captora-cli tracks' lists the rows)."_s};
+    CliPrompter m_damaged{u"Pass --accept-damaged to embed the movie as far as it can be read."_s};
+};
+
+// SIGINT and SIGTERM cancel a running embedding: the handler only notes the signal, the
+// main loop cancels the run, which removes its output.
+volatile std::sig_atomic_t s_stopSignal = 0;
+
+void noteStopSignal(int signal)
+{
+    s_stopSignal = signal;
+}
+
+class StopSignals
+{
+public:
+    StopSignals()
+    {
+        struct sigaction action = {};
+        action.sa_handler = &noteStopSignal;
+        sigemptyset(&action.sa_mask);
+        sigaction(SIGINT, &action, &m_previousInt);
+        sigaction(SIGTERM, &action, &m_previousTerm);
+    }
+    ~StopSignals()
+    {
+        sigaction(SIGINT, &m_previousInt, nullptr);
+        sigaction(SIGTERM, &m_previousTerm, nullptr);
+    }
+
+private:
+    struct sigaction m_previousInt = {};
+    struct sigaction m_previousTerm = {};
+};
+
 class ExtractOutcome final : public CTSubtitleExtractorDelegate
 {
 public:
@@ -178,6 +227,9 @@ int runEmbed(const QStringList &args)
                       u"Also embed row ROWINDEX of 'tracks', which is left out by default (a "
                       "second track of a language, one without a language); repeatable."_s,
                       u"ROWINDEX"_s});
+    parser.addOption({u"accept-damaged"_s,
+                      u"Embed a damaged movie (reading errors, unreadable tracks) as far as it can be "
+                      "read instead of failing."_s});
     parser.addOption({u"replace"_s,
                       u"Afterwards keep the movie as '<name> Original.<ext>' and move the result "
                       "to '<name>.m4v'."_s});
@@ -207,18 +259,33 @@ int runEmbed(const QStringList &args)
         }
     }
 
-    // A subtitle file that cannot be read is asked about; without a terminal the run stops.
-    CliPrompter prompter(
-        u"Pass --exclude ROWINDEX to embed without that file ('captora-cli tracks' lists the rows)."_s);
+    // A subtitle file that cannot be read and a damaged movie are asked about; without a
+    // terminal the run stops, naming the option that answers.
+    EmbedPrompter prompter;
     ScopedPrompter scoped(&prompter);
+    embedder->setAcceptDamaged(parser.isSet(u"accept-damaged"_s));
+    StopSignals stopSignals;
+    s_stopSignal = 0;
     EmbedOutcome outcome;
     auto status = std::make_shared<ProgressStatus>();
     embedder->setDelegate(&outcome);
     embedder->setStatus(status);
+    bool stopping = false;
     {
         ProgressPrinter printer(*status);
         embedder->createM4V();
-        runMainQueueUntil([&] { return embedder->hasEnded(); });
+        runMainQueueUntil([&] {
+            if (s_stopSignal && !stopping && !embedder->hasEnded()) {
+                stopping = true;
+                status->cancel();
+            }
+            return embedder->hasEnded();
+        });
+    }
+    // A signal that came after the output was complete changes nothing.
+    if (stopping && !outcome.success) {
+        printError(u"Embedding was cancelled by signal %1; nothing was written"_s.arg(int(s_stopSignal)));
+        return 128 + int(s_stopSignal);
     }
     if (!outcome.success) {
         QString why = status->message();
@@ -268,8 +335,10 @@ int runExtract(const QStringList &args)
     runMainQueueUntil([&] { return outcome.finished; });
     QByteArray out;
     for (const QString &written : extractor->queuedPaths())
-        out.append(written.toUtf8()).append('\n');
+        if (QFileInfo::exists(written))
+            out.append(written.toUtf8()).append('\n');
     printOut(out);
-    // A question nobody could answer left files out: say so through the exit status.
-    return prompter.declinedForLackOfTerminal() ? ExitFailure : ExitOk;
+    // A question nobody could answer left files out, or a damaged movie gave only part of a
+    // track (said in a warning): say so through the exit status.
+    return prompter.declinedForLackOfTerminal() || extractor->damagedTracks() > 0 ? ExitFailure : ExitOk;
 }

@@ -20,6 +20,8 @@ extern "C" {
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <vector>
@@ -195,6 +197,34 @@ void CTSubtitleEmbedder::failToStart(const QString &error, bool outputExists)
         m_delegate->subtitleEmbedderDidFinish(this, false);
 }
 
+bool CTSubtitleEmbedder::isDamagedMovieQuestion(const Prompt &prompt)
+{
+    return prompt.message.startsWith(u"The movie '"_s) && prompt.message.contains(u"' is damaged"_s);
+}
+
+namespace {
+Prompt damagedMovieQuestion(const QString &moviePath, const QStringList &reasons)
+{
+    Prompt prompt;
+    prompt.message =
+        u"The movie '%1' is damaged: %2.\n Do you want to continue embedding what can be read?"_s.arg(
+            CTFileHelper::lastPathComponent(moviePath), reasons.join(u"; "_s));
+    prompt.buttons = {u"Continue"_s, u"Cancel"_s};
+    return prompt;
+}
+} // namespace
+
+// Asks about a damaged movie on the main thread; true to go on.
+bool CTSubtitleEmbedder::continueDespiteDamage(const QStringList &reasons)
+{
+    if (m_acceptDamaged) {
+        logLine(u"Warning: Embedding the damaged movie %1 as far as it can be read: %2"_s.arg(
+            m_moviePath, reasons.join(u"; "_s)));
+        return true;
+    }
+    return Prompter::shared().ask(damagedMovieQuestion(m_moviePath, reasons)).button == 0;
+}
+
 void CTSubtitleEmbedder::startEmebdding()
 {
     if (m_isWorking)
@@ -207,10 +237,18 @@ void CTSubtitleEmbedder::startEmebdding()
     m_cancelled = false;
     auto run = std::make_shared<Run>();
     run->outputPath = m_outputMoviePath;
+    run->temporaryPath = temporaryPathFor(m_outputMoviePath);
+    removeStaleTemporaries(m_outputMoviePath);
 
-    // 1. The reader and the writer.
+    // 1. The reader and the writer. What the demuxer complains about while reading the
+    // header is damage the user is asked about.
     QString error;
-    run->input = LibAv::openInput(m_moviePath, &error);
+    QStringList damage;
+    {
+        LibAv::ReadErrors readErrors;
+        run->input = LibAv::openInput(m_moviePath, &error);
+        damage = readErrors.messages();
+    }
     if (!run->input) {
         const QString line = u"error creating asset reader. exiting: %1"_s.arg(error);
         logLine(line);
@@ -222,7 +260,10 @@ void CTSubtitleEmbedder::startEmebdding()
     AVFormatContext *in = run->input.get();
     AVFormatContext *outContext = nullptr;
     const QByteArray outputName = QFile::encodeName(m_outputMoviePath);
-    int result = avformat_alloc_output_context2(&outContext, nullptr, "ipod", outputName.constData());
+    const QByteArray temporaryName = QFile::encodeName(run->temporaryPath);
+    // The "mp4" muxer carries every codec MP4 allows (HEVC, MP3, AC-3, E-AC-3, ALAC, Opus);
+    // the M4V brand is set when the header is written.
+    int result = avformat_alloc_output_context2(&outContext, nullptr, "mp4", temporaryName.constData());
     if (result < 0 || !outContext) {
         const QString line = u"error creating asset writer. exiting: %1"_s.arg(LibAv::errorText(result));
         logLine(line);
@@ -251,11 +292,16 @@ void CTSubtitleEmbedder::startEmebdding()
     m_progresses.fill(0);
     m_lastProgress = 0;
 
-    // 4. The movie's metadata; fast start is asked for when the header is written.
+    // 4. The movie's metadata; fast start is asked for when the header is written. The
+    // content rating has no place in the muxer and is written into the index afterwards.
     av_dict_copy(&out->metadata, in->metadata, 0);
+    if (const AVDictionaryEntry *rating = av_dict_get(in->metadata, "rating", nullptr, 0))
+        run->rating = rating->value;
+    if (const AVDictionaryEntry *rating = av_dict_get(in->metadata, "iTunEXTC", nullptr, 0))
+        run->extendedRating = rating->value;
 
+    // The status carries the reason; the window shows it and the command line prints it once.
     auto failSetUp = [&](const QString &message) {
-        logLine(u"Error: %1"_s.arg(message));
         m_isWorking = false;
         m_status->setProgress(ProgressStatus::Failed);
         m_status->setErrorMessage(message);
@@ -293,6 +339,19 @@ void CTSubtitleEmbedder::startEmebdding()
                 continue;
             }
         }
+        if (kind == MovieTrack::Kind::Other && (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) &&
+            stream->attached_pic.size > 0) {
+            // Cover art: the muxer writes it as the movie's picture ("covr").
+            AVStream *outStream = avformat_new_stream(out, nullptr);
+            if (outStream && avcodec_parameters_copy(outStream->codecpar, stream->codecpar) >= 0) {
+                outStream->codecpar->codec_tag = 0;
+                outStream->disposition = AV_DISPOSITION_ATTACHED_PIC;
+                outStream->time_base = stream->time_base;
+                run->coverStreams.push_back(int(i));
+                run->streamMap[i] = -2 - outStream->index; // written once, from the header
+            }
+            continue;
+        }
         if (kind == MovieTrack::Kind::Other) {
             logLine(
                 u"Warning: Skipping track on the assumption that there is no media data to carry over (%1)"_s
@@ -301,6 +360,15 @@ void CTSubtitleEmbedder::startEmebdding()
             continue;
         }
         const AVCodecID codec = stream->codecpar->codec_id;
+        // A picture or sound track that cannot be read (broken sample tables leave a
+        // QuickTime track without any sample) is damage, not something to leave out quietly.
+        if ((kind == MovieTrack::Kind::Video || kind == MovieTrack::Kind::Audio) &&
+            (codec == AV_CODEC_ID_NONE || (std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0 &&
+                                           avformat_index_get_entries_count(stream) <= 0))) {
+            damage.append(u"Movie-Track: %1 (%2) cannot be read"_s.arg(trackID).arg(
+                kind == MovieTrack::Kind::Video ? u"video"_s : u"audio"_s));
+            continue;
+        }
         const bool plainText = kind == MovieTrack::Kind::Subtitle && isPlainTextSubtitle(codec);
         if (!plainText && avformat_query_codec(out->oformat, codec, FF_COMPLIANCE_NORMAL) != 1) {
             failSetUp(
@@ -326,6 +394,10 @@ void CTSubtitleEmbedder::startEmebdding()
                 static_cast<uint8_t *>(av_mallocz(size_t(description.size()) + AV_INPUT_BUFFER_PADDING_SIZE));
             memcpy(par->extradata, description.constData(), size_t(description.size()));
             par->extradata_size = int(description.size());
+        } else if (codec == AV_CODEC_ID_HEVC && stream->codecpar->extradata_size > 22) {
+            // Apple's players want HEVC as 'hvc1' (parameter sets in the sample description,
+            // where an hvcC record puts them).
+            outStream->codecpar->codec_tag = MKTAG('h', 'v', 'c', '1');
         } else if (av_codec_get_id(out->oformat->codec_tag, outStream->codecpar->codec_tag) != codec) {
             outStream->codecpar->codec_tag = 0;
         }
@@ -401,6 +473,14 @@ void CTSubtitleEmbedder::startEmebdding()
             outStream->disposition |= AV_DISPOSITION_FORCED;
         if (source->isSDH())
             outStream->disposition |= AV_DISPOSITION_HEARING_IMPAIRED;
+        if (run->characteristics.size() <= size_t(outStream->index)) {
+            run->characteristics.resize(size_t(outStream->index) + 1);
+            run->languageTags.resize(size_t(outStream->index) + 1);
+        }
+        for (const MetadataItem &item : source->metadata())
+            if (item.first == CTSubtitleReader::TaggedCharacteristicKey)
+                run->characteristics[size_t(outStream->index)].append(item.second);
+        run->languageTags[size_t(outStream->index)] = source->extendedLanguageTag();
         Run::Source entry;
         entry.reader = std::move(source);
         entry.stream = outStream->index;
@@ -441,13 +521,30 @@ void CTSubtitleEmbedder::startEmebdding()
         }
     }
 
-    // 9. Start writing: the output file is created here and only here, never over an
-    // existing one.
-    run->file.fd = ::open(outputName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (run->file.fd < 0) {
-        const int code = errno;
-        return failToStart(QString::fromLocal8Bit(std::strerror(code)), code == EEXIST);
+    // A damaged movie is asked about before anything is written.
+    if (!damage.isEmpty() && !continueDespiteDamage(damage)) {
+        m_status->setErrorMessage(damage.join(u"; "_s));
+        m_status->setMessage(u"Failed: Broken Data"_s);
+        m_isWorking = false;
+        m_status->setProgress(ProgressStatus::Failed);
+        m_ended = true;
+        if (m_delegate)
+            m_delegate->subtitleEmbedderDidFinish(this, false);
+        return;
     }
+
+    // 9. Start writing: never over an existing output. The file is written under a
+    // temporary name, created here and only here, and renamed into place when complete.
+    struct stat existing;
+    if (::lstat(outputName.constData(), &existing) == 0)
+        return failToStart(QString::fromLocal8Bit(std::strerror(EEXIST)), true);
+    run->file.fd = ::open(temporaryName.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (run->file.fd < 0)
+        return failToStart(QString::fromLocal8Bit(std::strerror(errno)), false);
+    // The lock tells a later run that this temporary is still being written.
+    run->lockFd = ::open(temporaryName.constData(), O_RDONLY | O_CLOEXEC);
+    if (run->lockFd >= 0)
+        ::flock(run->lockFd, LOCK_EX | LOCK_NB);
     constexpr int bufferSize = 1 << 20;
     auto *buffer = static_cast<unsigned char *>(av_malloc(bufferSize));
     out->pb = buffer ? avio_alloc_context(buffer, bufferSize, 1, &run->file, nullptr, &OutputFile::write,
@@ -462,6 +559,7 @@ void CTSubtitleEmbedder::startEmebdding()
     // the end; otherwise the muxer writes it after the data and then moves the whole file
     // to put it in front, which reads and writes every byte a second time.
     AVDictionary *options = nullptr;
+    av_dict_set(&options, "brand", "M4V ", 0);
     if (const int64_t reserve = indexReservation(*run); reserve > 0)
         av_dict_set_int(&options, "moov_size", reserve, 0);
     else
@@ -469,9 +567,20 @@ void CTSubtitleEmbedder::startEmebdding()
     if (result >= 0)
         result = avformat_write_header(out, &options);
     av_dict_free(&options);
+    for (int index : run->coverStreams) {
+        if (result < 0)
+            break;
+        AVPacket *picture = av_packet_clone(&in->streams[index]->attached_pic);
+        if (!picture)
+            continue;
+        picture->stream_index = -2 - run->streamMap[size_t(index)];
+        picture->pts = picture->dts = 0;
+        result = av_write_frame(out, picture);
+        av_packet_free(&picture);
+    }
     if (result < 0) {
         closeOutputFile(out, run->file);
-        QFile::remove(m_outputMoviePath);
+        QFile::remove(run->temporaryPath);
         return failToStart(LibAv::errorText(result), false);
     }
 

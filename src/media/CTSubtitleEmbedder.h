@@ -2,6 +2,7 @@
 
 #include "MovieAsset.h"
 #include "ProgressStatus.h"
+#include "Prompter.h"
 
 #include <QList>
 #include <QString>
@@ -45,7 +46,10 @@ public:
 // Set-up, questions included, runs on the main thread; the samples are written by one
 // writer thread that interleaves the movie's packets and the new text samples by time, as
 // the muxer needs. Every status change and delegate call is posted to the main queue. The
-// source movie is only ever read; a failed or cancelled run removes its output.
+// source movie is only ever read. The output is written under a temporary name of ours
+// beside it (".<output name>.<pid>.part", locked while it is written) and renamed into place,
+// never over an existing file, only when it is complete; a failed or cancelled run removes
+// it, and a run removes the temporaries that killed runs left.
 class CTSubtitleEmbedder : public std::enable_shared_from_this<CTSubtitleEmbedder>
 {
 public:
@@ -77,6 +81,14 @@ public:
     CTSubtitleEmbedderDelegate *delegate() const { return m_delegate; }
     void setDelegate(CTSubtitleEmbedderDelegate *delegate) { m_delegate = delegate; }
 
+    // A damaged movie (reading errors, media tracks that cannot be read) is asked about
+    // through the prompter ("Continue" / "Cancel"); with this set it is embedded as far as
+    // it can be read, with a warning logged instead.
+    bool acceptDamaged() const { return m_acceptDamaged; }
+    void setAcceptDamaged(bool accept) { m_acceptDamaged = accept; }
+    // The question about a damaged movie, for prompters that answer it differently.
+    static bool isDamagedMovieQuestion(const Prompt &prompt);
+
     bool isWorking() const { return m_isWorking; }
     // The run has ended (its last step ran on the main queue), or ended during set-up.
     bool hasEnded() const { return m_ended; }
@@ -94,6 +106,8 @@ private:
     struct Run;
     void endSetUp();
     void failToStart(const QString &error, bool outputExists);
+    bool continueDespiteDamage(const QStringList &reasons);
+    bool askFromWriterAboutDamage(const QStringList &reasons);
     void writerThread(std::shared_ptr<Run> run);
     void postProgress(double value);
     static int64_t indexReservation(const Run &run);
@@ -106,6 +120,7 @@ private:
     QList<CandidateRow> m_subtitles;
     ProgressStatusPtr m_status;
     CTSubtitleEmbedderDelegate *m_delegate = nullptr;
+    bool m_acceptDamaged = false;
     bool m_isWorking = false;
     bool m_ended = false;
     double m_lastProgress = 0;

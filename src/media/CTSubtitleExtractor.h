@@ -53,7 +53,13 @@ public:
     // Extracts one track (Kind::Text: the chapter track; trackID 0 with isSubtitle false:
     // the container's chapter list) into `path`; returns whether the file was written. Runs
     // on a worker thread.
-    static bool extractTextTrack(const QString &moviePath, int trackID, const QString &path, bool isSubtitle);
+    // A damaged movie gives what could be read, with a "Warning:" line, and `damaged` set;
+    // samples with impossible times (negative, or beyond what a time text holds) are left
+    // out, and a track without any text writes no file.
+    static bool extractTextTrack(const QString &moviePath, int trackID, const QString &path, bool isSubtitle,
+                                 bool *damaged = nullptr);
+    // How many tracks of the last request were damaged or gave no file.
+    int damagedTracks() const { return m_damaged; }
 
     // The text of one sample: UTF-8 after a 16-bit length, up to the first zero byte.
     static std::optional<QString> stringFromSampleBuffer(const QByteArray &sample);
@@ -75,6 +81,7 @@ private:
     CTSubtitleExtractorDelegate *m_delegate = nullptr;
     QThreadPool m_pool;
     std::atomic<int> m_pending{0}; // jobs queued or running
+    std::atomic<int> m_damaged{0};
     bool m_running = false;
     QStringList m_queuedPaths;
 };

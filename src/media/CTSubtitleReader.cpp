@@ -87,39 +87,38 @@ bool CTSubtitleReader::testSubtitle()
     const double frame = m_fps > 0 ? 1.0 / m_fps : 0.0;
     const bool hasDuration = m_duration > 0;
     double lastEnd = 0.0;
+    // Kept cues are moved down over the dropped ones in one pass: removing each dropped cue
+    // from the list on its own would move the whole rest of the list every time.
     qsizetype kept = 0;
-    qsizetype i = 0;
-    while (m_subtitles.size() > i) {
+    for (qsizetype i = 0; i < m_subtitles.size(); ++i) {
         VHSubtitle &cue = *m_subtitles[i];
-        if (hasDuration && cue.start() > m_duration) {
-            m_subtitles.removeAt(i);
-        } else {
-            // Cues beginning within one frame after the previous end are moved onto it.
-            if (lastEnd + frame >= cue.start())
-                cue.replaceStart(lastEnd, cue.end() - (cue.start() - lastEnd));
-            if (cue.start() > cue.end()) {
-                logLine(
-                    u"Warning: Problem saving subtitle, negative duration for: %1"_s.arg(cue.description()));
-                return false;
-            }
-            if (lastEnd > cue.start()) {
-                logLine(u"Warning: Problem saving subtitle, starts before last subtitle (%1) : %2"_s.arg(
-                    VHSubtitle::formatedTime(lastEnd), cue.description()));
-                return false;
-            }
-            if (hasDuration && cue.end() > m_duration)
-                cue.replaceStart(cue.start(), m_duration);
-            const double end = cue.end();
-            if (cue.start() + frame > cue.end()) {
-                logLine(u"Warning: Zero duration subtitle %1"_s.arg(cue.description()));
-                m_subtitles.removeAt(i);
-            } else {
-                ++kept;
-            }
-            lastEnd = end;
+        if (hasDuration && cue.start() > m_duration)
+            continue;
+        // Cues beginning within one frame after the previous end are moved onto it.
+        if (lastEnd + frame >= cue.start())
+            cue.replaceStart(lastEnd, cue.end() - (cue.start() - lastEnd));
+        if (cue.start() > cue.end()) {
+            logLine(u"Warning: Problem saving subtitle, negative duration for: %1"_s.arg(cue.description()));
+            return false;
         }
-        i = kept;
+        if (lastEnd > cue.start()) {
+            logLine(u"Warning: Problem saving subtitle, starts before last subtitle (%1) : %2"_s.arg(
+                VHSubtitle::formatedTime(lastEnd), cue.description()));
+            return false;
+        }
+        if (hasDuration && cue.end() > m_duration)
+            cue.replaceStart(cue.start(), m_duration);
+        const double end = cue.end();
+        if (cue.start() + frame > cue.end()) {
+            logLine(u"Warning: Zero duration subtitle %1"_s.arg(cue.description()));
+        } else {
+            if (kept != i)
+                m_subtitles[kept] = std::move(m_subtitles[i]);
+            ++kept;
+        }
+        lastEnd = end;
     }
+    m_subtitles.resize(kept);
     return true;
 }
 

@@ -6,6 +6,8 @@
 #include "CTSubtitleReader.h"
 #include "LibAv.h"
 
+#include <QStringList>
+
 #include <cerrno>
 #include <memory>
 #include <sys/stat.h>
@@ -65,6 +67,14 @@ struct OutputFreer
 };
 using Output = std::unique_ptr<AVFormatContext, OutputFreer>;
 
+// The temporary file an output is written to: ".<output name>.<pid>.part" beside it.
+QString temporaryPathFor(const QString &outputPath);
+// Removes the temporaries that runs killed before their end left beside `outputPath`: those
+// whose process is gone and whose lock nobody holds.
+void removeStaleTemporaries(const QString &outputPath);
+// Renames `from` to `to` unless `to` exists; errno's value on failure, else 0.
+int renameWithoutReplacing(const QString &from, const QString &to);
+
 // Whether a subtitle codec's packets are plain UTF-8 text that can become tx3g samples.
 inline bool isPlainTextSubtitle(AVCodecID codec)
 {
@@ -92,8 +102,23 @@ struct CTSubtitleEmbedder::Run
         int stream = -1;
     };
     std::vector<Source> sources;
+    std::vector<int> coverStreams; // input streams of cover art (attached pictures)
+    // What the muxer has no place for, written into the index afterwards: per output stream
+    // the tagged characteristics ('tagc') and the extended language tag ('elng') of the new
+    // subtitle tracks; the movie's content rating items.
+    std::vector<QStringList> characteristics;
+    std::vector<QString> languageTags;
+    QByteArray rating;         // 'rtng': the movie's "rating"
+    QByteArray extendedRating; // '----' iTunEXTC: the movie's content rating text
     QString outputPath;
+    QString temporaryPath;
     Embedding::OutputFile file;
+    int lockFd = -1; // holds the temporary's lock until the run ends
 
-    ~Run() { Embedding::closeOutputFile(output.get(), file); }
+    ~Run()
+    {
+        Embedding::closeOutputFile(output.get(), file);
+        if (lockFd >= 0)
+            ::close(lockFd);
+    }
 };

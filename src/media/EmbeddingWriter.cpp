@@ -6,13 +6,29 @@
 #include "LibAv.h"
 #include "Log.h"
 #include "MainQueue.h"
+#include "MovieBoxes.h"
 #include "TimedTextSamples.h"
 
 extern "C" {
 #include <libavutil/mathematics.h>
 }
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QStringList>
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include <csignal>
+#include <fcntl.h>
+#include <signal.h>
+#include <stdio.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <climits>
@@ -36,6 +52,61 @@ using Packet = std::unique_ptr<AVPacket, PacketFreer>;
 } // namespace
 
 namespace Embedding {
+
+QString temporaryPathFor(const QString &outputPath)
+{
+    const QFileInfo info(outputPath);
+    return info.dir().filePath(u".%1.%2.part"_s.arg(info.fileName()).arg(::getpid()));
+}
+
+void removeStaleTemporaries(const QString &outputPath)
+{
+    const QFileInfo info(outputPath);
+    const QString prefix = u"."_s + info.fileName() + u"."_s;
+    const QStringList names =
+        info.dir().entryList({prefix + u"*.part"_s}, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &name : names) {
+        const QString middle = name.mid(prefix.size(), name.size() - prefix.size() - 5);
+        bool isNumber = false;
+        const qint64 pid = middle.toLongLong(&isNumber);
+        if (!isNumber || pid <= 0)
+            continue;
+        // A living writer may not have taken its lock yet (it is taken right after the
+        // file is created): only the temporaries of processes that are gone are removed.
+        if (pid == ::getpid() || ::kill(pid_t(pid), 0) == 0 || errno != ESRCH)
+            continue;
+        const QByteArray path = QFile::encodeName(info.dir().filePath(name));
+        struct stat status;
+        if (::lstat(path.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+            continue;
+        const int fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+        if (fd < 0)
+            continue;
+        // A run that still writes holds the lock (also one of a new process that took over
+        // the pid); one that was killed holds nothing.
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0) {
+            if (::unlink(path.constData()) == 0)
+                logLine(u"Info: Removed %1, left by an embedding that did not end"_s.arg(
+                    info.dir().filePath(name)));
+        }
+        ::close(fd);
+    }
+}
+
+int renameWithoutReplacing(const QString &from, const QString &to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    if (::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)
+        return errno;
+    // Filesystems without the no-replace rename: a new link fails on an existing name too.
+    if (::link(source.constData(), target.constData()) != 0)
+        return errno;
+    ::unlink(source.constData());
+    return 0;
+}
 
 // Flushes and frees the output's I/O context and closes its file; the first error of
 // writing, flushing or closing, or 0.
@@ -105,7 +176,125 @@ int64_t CTSubtitleEmbedder::indexReservation(const Run &run)
     int64_t textSamples = 0;
     for (const Run::Source &source : run.sources)
         textSamples += 2 * int64_t(source.reader->subtitles().size()) + 2;
-    return indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
+    const int64_t bound = indexBound(run.input.get(), run.output.get(), run.streamMap, textSamples);
+    // Cover art goes into the index's metadata list whole.
+    int64_t pictures = 0;
+    for (int index : run.coverStreams)
+        pictures += 64 + run.input->streams[index]->attached_pic.size;
+    return bound > 0 && bound + pictures <= INT_MAX ? bound + pictures : 0;
+}
+
+namespace {
+QByteArray box(const char *type, const QByteArray &payload)
+{
+    return MovieBoxes::leaf(type, payload).serialize(0, nullptr);
+}
+
+// Adds what the muxer has no place for to the finished index: the new subtitle tracks'
+// tagged characteristics (trak/udta/tagc) and extended language tags (mdia/elng, after the
+// media header), and the movie's content rating (moov/udta/meta/ilst).
+void addIndexBoxes(MovieBoxes::Box &moov, const AVFormatContext *out,
+                   const std::vector<QStringList> &characteristics, const std::vector<QString> &languageTags,
+                   const QByteArray &rating, const QByteArray &extendedRating)
+{
+    // The muxer writes one 'sbtl' track per subtitle stream, in stream order.
+    QList<MovieBoxes::Box *> subtitleTracks;
+    for (MovieBoxes::Box *trak : MovieBoxes::tracks(moov))
+        if (MovieBoxes::handlerType(*trak) == "sbtl")
+            subtitleTracks.append(trak);
+    std::vector<unsigned> subtitleStreams;
+    for (unsigned i = 0; i < out->nb_streams; ++i)
+        if (out->streams[i]->codecpar->codec_type == AVMEDIA_TYPE_SUBTITLE)
+            subtitleStreams.push_back(i);
+    if (size_t(subtitleTracks.size()) != subtitleStreams.size()) {
+        logLine(u"Warning: The subtitle tracks of the written movie do not match its streams; they stay "
+                "without accessibility characteristics and extended language tags"_s);
+    } else {
+        for (size_t k = 0; k < subtitleStreams.size(); ++k) {
+            const size_t stream = subtitleStreams[k];
+            MovieBoxes::Box &trak = *subtitleTracks[qsizetype(k)];
+            if (stream < characteristics.size() && !characteristics[stream].isEmpty()) {
+                MovieBoxes::Box *udta = trak.child("udta");
+                if (!udta) {
+                    MovieBoxes::Box fresh;
+                    fresh.type = "udta";
+                    fresh.container = true;
+                    trak.children.append(fresh);
+                    udta = &trak.children.last();
+                }
+                for (const QString &characteristic : characteristics[stream])
+                    udta->children.append(MovieBoxes::leaf("tagc", MovieBoxes::tagcPayload(characteristic)));
+            }
+            MovieBoxes::Box *mdia = trak.child("mdia");
+            if (mdia && stream < languageTags.size() && !languageTags[stream].isEmpty()) {
+                qsizetype at = 0;
+                while (at < mdia->children.size() && mdia->children[at].type != "mdhd")
+                    ++at;
+                mdia->children.insert(
+                    std::min(at + 1, mdia->children.size()),
+                    MovieBoxes::leaf("elng", MovieBoxes::elngPayload(languageTags[stream])));
+            }
+        }
+    }
+    if (rating.isEmpty() && extendedRating.isEmpty())
+        return;
+    MovieBoxes::Box *udta = moov.child("udta");
+    MovieBoxes::Box *meta = udta ? udta->child("meta") : nullptr;
+    MovieBoxes::Box *ilst = meta ? meta->child("ilst") : nullptr;
+    if (!ilst) {
+        logLine(u"Warning: The written movie has no metadata list for its content rating"_s);
+        return;
+    }
+    auto dataBox = [](quint32 type, const QByteArray &value) {
+        QByteArray payload;
+        payload.append(char(type >> 24)).append(char(type >> 16)).append(char(type >> 8)).append(char(type));
+        payload.append(QByteArray(4, '\0'));
+        payload.append(value);
+        return box("data", payload);
+    };
+    if (!rating.isEmpty()) {
+        bool ok = false;
+        const int value = rating.toInt(&ok);
+        if (ok && value >= 0 && value < 256)
+            ilst->children.append(MovieBoxes::leaf("rtng", dataBox(21, QByteArray(1, char(value)))));
+    }
+    if (!extendedRating.isEmpty()) {
+        const QByteArray full(4, '\0');
+        ilst->children.append(MovieBoxes::leaf("----", box("mean", full + "com.apple.iTunes") +
+                                                           box("name", full + "iTunEXTC") +
+                                                           dataBox(1, extendedRating)));
+    }
+}
+} // namespace
+
+// Asks about a damaged movie from the writer thread: the question goes to the main queue,
+// and the writer waits for the answer (or for a cancel). True to go on.
+bool CTSubtitleEmbedder::askFromWriterAboutDamage(const QStringList &reasons)
+{
+    if (m_acceptDamaged)
+        return continueDespiteDamage(reasons);
+    struct Answer
+    {
+        std::mutex mutex;
+        std::condition_variable ready;
+        bool done = false;
+        bool goOn = false;
+    };
+    auto answer = std::make_shared<Answer>();
+    std::weak_ptr<CTSubtitleEmbedder> weak = weak_from_this();
+    MainQueue::main().post([weak, answer, reasons] {
+        bool goOn = false;
+        if (auto self = weak.lock())
+            goOn = !self->m_cancelled && self->continueDespiteDamage(reasons);
+        const std::lock_guard lock(answer->mutex);
+        answer->done = true;
+        answer->goOn = goOn;
+        answer->ready.notify_all();
+    });
+    std::unique_lock lock(answer->mutex);
+    while (!answer->done && !m_cancelled)
+        answer->ready.wait_for(lock, std::chrono::milliseconds(100));
+    return answer->done && answer->goOn;
 }
 
 void CTSubtitleEmbedder::postProgress(double value)
@@ -175,14 +364,18 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         }
     };
 
+    // For tests that stop a run midway (a kill, a signal): a pause after every packet.
+    static const int packetDelay = qEnvironmentVariableIntValue("CAPTORA_EMBED_PACKET_DELAY_MS");
     std::vector<int64_t> packetsRead(in->nb_streams, 0);
+    QStringList damage;
+    LibAv::ReadErrors readErrors;
     while (!m_cancelled && !writeError) {
         int result = av_read_frame(in, packet.get());
         if (result == AVERROR_EOF)
             break;
         if (result < 0) {
-            readError = result;
             logLine(u"the reader failed: %1"_s.arg(LibAv::errorText(result)));
+            damage.append(u"reading stopped: %1"_s.arg(LibAv::errorText(result)));
             break;
         }
         const int index = packet->stream_index;
@@ -191,6 +384,8 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             continue;
         }
         ++packetsRead[size_t(index)];
+        if (packetDelay > 0)
+            std::this_thread::sleep_for(std::chrono::milliseconds(packetDelay));
         const AVStream *inStream = in->streams[index];
         const int64_t time = packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts;
         if (time != AV_NOPTS_VALUE) {
@@ -230,19 +425,29 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
     }
     // A QuickTime-family movie indexes every sample up front: fewer samples than indexed
     // means its media data was cut short, and the copy would be a truncated movie.
-    if (!m_cancelled && !writeError && !readError &&
-        std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
+    if (!m_cancelled && !writeError && std::strcmp(in->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0) {
         for (unsigned i = 0; i < in->nb_streams; ++i) {
             if (run->streamMap[i] >= 0 && packetsRead[i] < avformat_index_get_entries_count(in->streams[i])) {
-                readError = AVERROR_INVALIDDATA;
-                logLine(u"the reader failed: %1"_s.arg(
+                const QString reason =
                     u"Movie-Track: %1 ends after %2 of its %3 samples"_s.arg(LibAv::trackIDOf(in->streams[i]))
                         .arg(packetsRead[i])
-                        .arg(avformat_index_get_entries_count(in->streams[i]))));
+                        .arg(avformat_index_get_entries_count(in->streams[i]));
+                logLine(u"the reader failed: %1"_s.arg(reason));
+                damage.append(reason);
                 break;
             }
         }
     }
+    // What the demuxer complained about while reading on (a broken cluster is skipped with
+    // only such a message), and picture tracks that gave nothing at all.
+    for (const QString &message : readErrors.messages())
+        damage.append(message);
+    for (unsigned i = 0; i < in->nb_streams; ++i)
+        if (run->streamMap[i] >= 0 && packetsRead[i] == 0 &&
+            LibAv::kindOf(in->streams[i]) == MovieTrack::Kind::Video)
+            damage.append(u"Movie-Track: %1 gave no picture"_s.arg(LibAv::trackIDOf(in->streams[i])));
+    if (!damage.isEmpty() && !m_cancelled && !writeError && !askFromWriterAboutDamage(damage))
+        readError = AVERROR_INVALIDDATA;
     if (!m_cancelled && !writeError && !readError) {
         writeTextUntil(std::numeric_limits<double>::infinity());
         for (unsigned slot = 1; slot <= m_progressMax; ++slot)
@@ -274,9 +479,33 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         failed = true;
         failure = error;
     }
-    const QString failureText = failed ? LibAv::errorText(failure) : QString();
+    QString failureText = failed ? LibAv::errorText(failure) : QString();
+    if (readError && !writeError && !damage.isEmpty())
+        failureText = damage.join(u"; "_s);
+    // What the muxer has no place for goes into the finished index; then the complete file
+    // takes its name, unless someone else's file has taken it meanwhile.
+    QString failureMessage = u"Failed: Broken Data"_s;
+    if (!failed && !cancelled) {
+        const QString boxesFailed = MovieBoxes::editIndex(run->temporaryPath, [&](MovieBoxes::Box &moov) {
+            addIndexBoxes(moov, out, run->characteristics, run->languageTags, run->rating,
+                          run->extendedRating);
+        });
+        if (!boxesFailed.isEmpty()) {
+            failed = true;
+            failureText = boxesFailed;
+        }
+    }
+    if (!failed && !cancelled) {
+        const int code = renameWithoutReplacing(run->temporaryPath, run->outputPath);
+        if (code != 0) {
+            failed = true;
+            failureText = QString::fromLocal8Bit(std::strerror(code));
+            if (code == EEXIST)
+                failureMessage = u"Failed: %1 exists"_s.arg(QFileInfo(run->outputPath).fileName());
+        }
+    }
     if (failed || cancelled)
-        QFile::remove(run->outputPath);
+        QFile::remove(run->temporaryPath);
     if (!cancelled) {
         const QString outputPath = run->outputPath;
         MainQueue::main().post([weak, failed, failureText, outputPath] {
@@ -302,7 +531,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         });
     }
     // 4 and 5: the final state; after a success this -1 follows the 3 on purpose.
-    MainQueue::main().post([weak, failed, failureText] {
+    MainQueue::main().post([weak, failed, failureText, failureMessage] {
         auto self = weak.lock();
         if (!self)
             return;
@@ -313,7 +542,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             self->m_status->setProgress(ProgressStatus::Failed);
             self->m_status->setErrorMessage(
                 u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
-            self->m_status->setMessage(u"Failed: Broken Data"_s);
+            self->m_status->setMessage(failureMessage);
         }
         self->m_isWorking = false;
         self->m_ended = true;

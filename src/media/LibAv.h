@@ -10,6 +10,7 @@ extern "C" {
 #include "MovieAsset.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -17,6 +18,28 @@ namespace LibAv {
 
 // Quiets the libraries' own console output down to errors, once per process.
 void initialize();
+
+// Collects the error messages the demuxers log on this thread while it lives (a damaged
+// movie is often read on with only such a message: a broken Matroska cluster, a QuickTime
+// track with broken sample tables). Only messages of format contexts count, not those of
+// decoders.
+class ReadErrors
+{
+public:
+    ReadErrors();
+    ~ReadErrors();
+    ReadErrors(const ReadErrors &) = delete;
+    ReadErrors &operator=(const ReadErrors &) = delete;
+    // The messages so far, at most a few, without their line ends.
+    const QStringList &messages() const { return m_messages; }
+    int count() const { return m_count; }
+    void add(const QString &message);
+
+private:
+    ReadErrors *m_outer;
+    QStringList m_messages;
+    int m_count = 0;
+};
 
 // The library's description of an error code.
 QString errorText(int code);

@@ -2,6 +2,7 @@
 
 #include "LibAv.h"
 #include "LocaleNames.h"
+#include "MovieBoxes.h"
 
 extern "C" {
 #include <libavutil/dict.h>
@@ -11,12 +12,53 @@ extern "C" {
 
 #include <unicode/uloc.h>
 
+#include <cstdarg>
 #include <cstring>
 #include <mutex>
 
 using namespace Qt::StringLiterals;
 
 namespace LibAv {
+
+namespace {
+thread_local ReadErrors *t_readErrors = nullptr;
+
+void logCallback(void *context, int level, const char *format, va_list arguments)
+{
+    if (t_readErrors && context && level <= AV_LOG_ERROR) {
+        const AVClass *avClass = *static_cast<const AVClass *const *>(context);
+        if (avClass && std::strcmp(avClass->class_name, "AVFormatContext") == 0) {
+            va_list copy;
+            va_copy(copy, arguments);
+            char line[1024];
+            int prefix = 0; // without "[demuxer @ address]"
+            av_log_format_line2(context, level, format, copy, line, sizeof line, &prefix);
+            va_end(copy);
+            t_readErrors->add(QString::fromUtf8(line).trimmed());
+        }
+    }
+    av_log_default_callback(context, level, format, arguments);
+}
+} // namespace
+
+ReadErrors::ReadErrors()
+    : m_outer(t_readErrors)
+{
+    initialize();
+    t_readErrors = this;
+}
+
+ReadErrors::~ReadErrors()
+{
+    t_readErrors = m_outer;
+}
+
+void ReadErrors::add(const QString &message)
+{
+    ++m_count;
+    if (m_messages.size() < 3 && !m_messages.contains(message))
+        m_messages.append(message);
+}
 
 void initialize()
 {
@@ -25,6 +67,7 @@ void initialize()
     // them back) would only repeat it in their words.
     std::call_once(once, [] {
         av_log_set_level(qEnvironmentVariableIsSet("CAPTORA_FFMPEG_LOG") ? AV_LOG_ERROR : AV_LOG_FATAL);
+        av_log_set_callback(&logCallback);
     });
 }
 
@@ -117,6 +160,11 @@ std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString 
     const AVFormatContext *context = input.get();
     if (context->duration > 0)
         asset->m_duration = double(context->duration) / AV_TIME_BASE;
+    // The muxer's demuxer does not read the extended language tags ('elng'); our own box
+    // reader does.
+    QMap<int, QString> languageTags;
+    if (std::strcmp(context->iformat->name, "mov,mp4,m4a,3gp,3g2,mj2") == 0)
+        languageTags = MovieBoxes::extendedLanguageTags(path);
     for (unsigned i = 0; i < context->nb_streams; ++i) {
         const AVStream *stream = context->streams[i];
         MovieTrack track;
@@ -128,6 +176,7 @@ std::shared_ptr<const MovieAsset> MovieAsset::open(const QString &path, QString 
             if (code != u"und"_s)
                 track.languageCode = code;
         }
+        track.extendedLanguageTag = languageTags.value(track.trackID);
         track.codecName = QString::fromLatin1(avcodec_get_name(stream->codecpar->codec_id));
         track.enabled = stream->disposition & AV_DISPOSITION_DEFAULT;
         track.width = stream->codecpar->width;

@@ -19,7 +19,8 @@ struct MovieTrack
     int index = 0;   // stream index in libavformat
     int trackID = 0; // the container's track identifier (MP4 track ID, Matroska track number)
     Kind kind = Kind::Other;
-    QString languageCode; // as the container stores it ("eng"); empty for none or "und"
+    QString languageCode;        // as the container stores it ("eng"); empty for none or "und"
+    QString extendedLanguageTag; // the track's 'elng' ("pt-BR"); empty for none
     QString codecName;
     bool enabled = false; // the track plays by default
     int width = 0;

@@ -61,8 +61,9 @@ QString makeTrackMovie(const QString &path, double seconds, const QString &engli
                QByteArray::number(qRound(seconds * 1000)) + "\ntitle=Main\n");
     file.close();
     const QStringList mapping = u"-map 0 -map 1 -map 2 -map 3 -map 4 -map_chapters 5"_s.split(u' ');
-    const QStringList subtitleCodec = u"-c:s mov_text -metadata:s:s:0 language=eng -metadata:s:s:1 language=eng "
-                                      "-metadata:s:s:2 language=ger"_s.split(u' ');
+    const QStringList subtitleCodec =
+        u"-c:s mov_text -metadata:s:s:0 language=eng -metadata:s:s:1 language=eng "
+        "-metadata:s:s:2 language=ger"_s.split(u' ');
     ffmpeg(clipInputs(seconds) +
            QStringList{u"-i"_s, english, u"-i"_s, english, u"-i"_s, german, u"-i"_s, chapters} + mapping +
            clipCodecs() + subtitleCodec + QStringList{path});

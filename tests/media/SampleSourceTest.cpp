@@ -154,3 +154,45 @@ TEST(TextReader, ChapterSamples)
     // The description says "do not display".
     EXPECT_EQ(reader->copyFormatDescription().left(4), QByteArray::fromHex("00000001"));
 }
+
+// Dropping cues past the movie's end and cues shorter than a frame is one pass over the
+// list: 300,000 of each took over 8 minutes (one list removal per cue), which the test
+// time limit would stop.
+TEST(SubtitleReader, DropsHundredsOfThousandsOfCuesInOnePass)
+{
+    TempDir dir;
+    constexpr int count = 300'000;
+    QByteArray text;
+    text.reserve(count * 2 * 48);
+    int number = 0;
+    auto append = [&](double start, double end, const char *line) {
+        text.append(QByteArray::number(++number)).append('\n');
+        text.append(VHSubtitle::formatedTime(start).toLatin1()).append(" --> ");
+        text.append(VHSubtitle::formatedTime(end).toLatin1()).append('\n').append(line).append("\n\n");
+    };
+    append(0, 1, "Kept");
+    // Shorter than a frame at 25 fps, all within the movie.
+    for (int i = 0; i < count; ++i)
+        append(2 + i * 0.05, 2 + i * 0.05 + 0.01, "short");
+    // Past the movie's end.
+    for (int i = 0; i < count; ++i)
+        append(20'000 + i, 20'000 + i + 0.5, "late");
+    const QString path = dir.write(u"movie.en.srt"_s, text);
+    LogCapture log;
+    std::unique_ptr<CTSubtitleReader> reader = CTSubtitleReader::initForFile(path, 25, 19'000);
+    ASSERT_TRUE(reader);
+    EXPECT_EQ(timesOf(*reader), (QStringList{u"0.00-1.00 Kept"_s}));
+    EXPECT_EQ(log.lines().size(), count);
+
+    // The chapter-marks source shares the pass: marks past the movie's end.
+    QByteArray marks = "WEBVTT\n\n";
+    auto vttTime = [](double seconds) {
+        return VHSubtitle::formatedTime(seconds).toLatin1().replace(',', '.');
+    };
+    for (int i = 0; i < count; ++i)
+        marks.append(vttTime(i ? 20 + i : 0)).append(" --> ").append(vttTime(21 + i)).append("\nMark\n\n");
+    const QString chapters = dir.write(u"movie.vtt"_s, marks);
+    std::unique_ptr<CTTextReader> chapterReader = CTTextReader::initForFile(chapters, 25, 10);
+    ASSERT_TRUE(chapterReader);
+    EXPECT_EQ(timesOf(*chapterReader), (QStringList{u"0.00-10.00 Mark"_s}));
+}
