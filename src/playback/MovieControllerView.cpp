@@ -229,8 +229,10 @@ void VHMovieController::setIsPlaying(bool playing)
         return;
     m_isPlaying = playing;
     stopScrubberTimer();
-    if (playing)
+    if (playing) {
         startScrubberTimer(m_fps);
+        m_timeFromPlayer = true;
+    }
     setPlayButtonState(playing);
     watchWindow(playing);
     if (!m_wasPlaying)

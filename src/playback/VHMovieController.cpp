@@ -253,8 +253,23 @@ void VHMovieController::setPaused(bool paused)
 
 void VHMovieController::setPlaying(bool playing)
 {
-    if (hasMovie())
-        setPaused(!playing);
+    if (!hasMovie())
+        return;
+    setPaused(!playing);
+    // Paused, the time is that of the frame the player stopped on, which the last periodic
+    // update (up to a frame earlier) has not seen; a fix or a frame step starts from it.
+    if (!playing)
+        followPlayerTime();
+}
+
+void VHMovieController::followPlayerTime()
+{
+    if (m_isPlaying || !m_timeFromPlayer || m_waitingForReady || m_wasPlaying)
+        return;
+    const double t = playerTime();
+    if (std::isnan(t) || t == m_currentTime)
+        return;
+    updateScrobberTimed();
 }
 
 void VHMovieController::togglePlayPause()
@@ -298,6 +313,8 @@ void VHMovieController::setCurrentTime(double seconds)
         m_wasPlaying = m_isPlaying;
     if (m_wasPlaying)
         setPaused(true);
+    // The time asked for is the time from now on, not the player's frame start.
+    m_timeFromPlayer = false;
     const double length = duration();
     const double t = std::clamp(seconds, 0.0, length);
     m_currentTime = t;
@@ -406,6 +423,8 @@ void VHMovieController::handlePropertyChange(const char *name, int format, void 
     const QByteArrayView key(name);
     if (key == "time-pos") {
         m_playerTime = isDouble ? *static_cast<double *>(data) : NAN;
+        // A frame the player still showed after a pause took hold.
+        followPlayerTime();
     } else if (key == "duration") {
         // Kept while mpv has no file (a reopen); unloading resets it.
         if (isDouble)

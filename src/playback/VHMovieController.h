@@ -190,6 +190,9 @@ protected:
     double m_currentTime = 0;
     double m_playRate = 0;
     double m_fps = 0;
+    // The current time is where playback took the player, not a time that was set (a seek
+    // stores the time asked for, which may lie inside the frame on screen).
+    bool m_timeFromPlayer = false;
     SubtitleList m_subtitles;
     PlaybackControlDelegate *m_delegate = nullptr;
 
@@ -231,6 +234,9 @@ private:
     void readTrackList(const mpv_node &list);
     void seekFinishedInPlayer();
     void setPaused(bool paused);
+    // While paused after playing: takes the player's position (the frame on screen) as the
+    // current time when it differs.
+    void followPlayerTime();
     QList<Track> audioTracks() const;
 
     // Declared in destruction order's reverse: the render context goes before the player.
