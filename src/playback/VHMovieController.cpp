@@ -197,6 +197,7 @@ void VHMovieController::setMovie(const QString &path)
     m_wasPlaying = false;
     m_loadPending = false;
     m_reopening = false;
+    m_loadError.clear();
     if (!m_movie.isEmpty()) {
         m_fps = 0;
         m_duration = 0;
@@ -226,7 +227,6 @@ void VHMovieController::reopenMovie()
     if (!hasMovie() || m_waitingForReady || m_loadPending)
         return;
     m_reopening = true;
-    m_reopenPlaying = m_isPlaying;
     m_loadPending = !m_glSurface->hasRenderContext();
     if (!m_loadPending)
         issueLoad();
@@ -404,6 +404,7 @@ void VHMovieController::drainMpvEvents()
             if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady &&
                 end->playlist_entry_id == m_entryId) {
                 m_waitingForReady = false;
+                m_loadError = u"libmpv: %1"_s.arg(QString::fromUtf8(mpv_error_string(end->error)));
                 reportFailedLoading();
             }
             break;
@@ -450,7 +451,8 @@ void VHMovieController::movieBecameReady()
         const QByteArray target = QByteArray::number(m_currentTime, 'f', 6);
         const char *seek[] = {"seek", target.constData(), "absolute+exact", nullptr};
         mpv_command_async(m_mpv.get(), 0, seek);
-        int paused = m_reopenPlaying ? 0 : 1;
+        // Playing or paused as asked meanwhile (the play button works while it reopens).
+        int paused = m_isPlaying ? 0 : 1;
         mpv_set_property(m_mpv.get(), "pause", MPV_FORMAT_FLAG, &paused);
         return;
     }

@@ -208,6 +208,7 @@ void VLCMovieController::setMovie(const QString &path)
     m_currentTime = 0;
     m_clockValue = NAN;
     m_pausePending = false;
+    m_loadError.clear();
     if (m_media) {
         libvlc_media_release(m_media);
         m_media = nullptr;
@@ -273,6 +274,7 @@ void VLCMovieController::movieStateChanged(int eventType)
         endStep();
     if (m_isLoading && eventType == libvlc_MediaPlayerEncounteredError) {
         m_isLoading = false;
+        m_loadError = u"libVLC: the file could not be read or decoded"_s;
         reportFailedLoading();
         return;
     }
@@ -334,6 +336,7 @@ void VLCMovieController::movieStateChanged(int eventType)
     // (it reads unknown bytes to their end rather than failing).
     if (m_isLoading && eventType == libvlc_MediaPlayerEndReached) {
         m_isLoading = false;
+        m_loadError = u"libVLC: no video or audio it can play was found in the file"_s;
         reportFailedLoading();
         return;
     }
