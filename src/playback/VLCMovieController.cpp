@@ -392,8 +392,8 @@ double VLCMovieController::playingTime() const
 
 long long VLCMovieController::seekTarget(double seconds) const
 {
-    // After a seek libVLC shows the first frame that starts after the time it was given, so
-    // a time at a frame's start would show the next one: aim a quarter frame before it.
+    // Seeking to the very start of a frame, libVLC often shows the next one: aim a quarter
+    // frame before the start of the frame that covers the time.
     const double target = m_fps > 0 ? frameStart(seconds) - 0.25 / m_fps : seconds;
     return std::llround(std::max(0.0, target) * 1000.0);
 }
