@@ -236,7 +236,11 @@ int frameAt(double seconds)
 void expectPauseAndStepAgreeWithThePicture(VHMovieController &controller, Window &window, double from,
                                            double until, int framesOff)
 {
+    // Getting there: libVLC now and then loses a seek that follows the end of a step closely
+    // (the step under test below is checked by the picture); ask once more then.
     controller.setCurrentTime(from);
+    if (!waitFor([&] { return std::abs(controller.playerTime() - from) < Frame; }, 3000))
+        controller.setCurrentTime(from);
     ASSERT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - from) < Frame; }));
     controller.setPlaying(true);
     ASSERT_TRUE(waitFor([&] { return controller.isPlaying() && controller.currentTime() > until; }));
