@@ -203,8 +203,12 @@ QWidget *ProjectWindow::buildMovieSide()
     auto *fullScreen = new QToolButton(side);
     fullScreen->setText(u"Full Screen"_s);
     fullScreen->setFocusPolicy(Qt::NoFocus);
-    connect(fullScreen, &QToolButton::clicked, this,
-            [this] { isFullScreen() ? showNormal() : showFullScreen(); });
+    fullScreen->setObjectName(u"fullScreenButton"_s);
+    // The movie alone fills the screen; Escape brings it back.
+    connect(fullScreen, &QToolButton::clicked, this, [this] {
+        if (PlaybackControl *player = m_project->movieController())
+            player->toggleFullscreen();
+    });
     bar->addWidget(fullScreen);
     layout->addLayout(bar);
     return side;

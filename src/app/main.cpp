@@ -2,6 +2,7 @@
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlayerWiring.h"
+#include "ProgramOptions.h"
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "WindowPrompter.h"
@@ -13,8 +14,8 @@
 
 using namespace Qt::StringLiterals;
 
-// captora [MOVIE_OR_SUBTITLE...]: the project window; files on the command line are opened
-// as if dropped on it.
+// captora [--log-characters] [MOVIE_OR_SUBTITLE...]: the project window; files on the command
+// line are opened as if dropped on it.
 int main(int argc, char **argv)
 {
     // The libmpv picture keeps its GL context when the movie view moves to a full-screen
@@ -26,6 +27,7 @@ int main(int argc, char **argv)
     // Qt sets the C locale from the environment; the players parse numbers with the C one.
     std::setlocale(LC_NUMERIC, "C");
     installLogHandler();
+    const QStringList arguments = applyProgramOptions(app.arguments());
     MainQueue::main().attachToEventLoop();
     Settings::shared().useUserSettings();
 
@@ -38,7 +40,6 @@ int main(int argc, char **argv)
     window.show();
 
     QStringList files;
-    const QStringList arguments = app.arguments().mid(1);
     for (const QString &argument : arguments)
         files << QFileInfo(argument).absoluteFilePath();
     window.openFiles(files);

@@ -8,10 +8,12 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScreen>
 #include <QShortcut>
 #include <QSlider>
@@ -229,8 +231,10 @@ void VHMovieController::setIsPlaying(bool playing)
         return;
     m_isPlaying = playing;
     stopScrubberTimer();
-    if (playing)
+    if (playing) {
         startScrubberTimer(m_fps);
+        m_timeFromPlayer = true;
+    }
     setPlayButtonState(playing);
     watchWindow(playing);
     if (!m_wasPlaying)
@@ -315,7 +319,12 @@ void VHMovieController::toggleFullscreen()
     m_view->setParent(nullptr);
     if (screen)
         m_view->setGeometry(screen->geometry());
+    // The window's own controls stay behind: the view brings its bar.
+    m_controlBar->setVisible(!m_autoShowControls);
     m_view->showFullScreen();
+    // Escape (a shortcut inside the view) needs the keyboard there.
+    m_view->activateWindow();
+    m_playButton->setFocus(Qt::OtherFocusReason);
     m_fullscreen = true;
     m_fullscreenButton->setChecked(true);
     Q_EMIT fullscreenChanged(true);
@@ -327,6 +336,7 @@ void VHMovieController::cancelFullscreen()
         return;
     m_view->showNormal();
     m_view->hide();
+    setControlBarHidden(m_controlBarHidden);
     if (m_viewParent) {
         m_view->setParent(m_viewParent);
         if (m_placeholder && m_viewParent->layout())
@@ -334,6 +344,10 @@ void VHMovieController::cancelFullscreen()
         else
             m_view->setGeometry(m_viewGeometry);
         m_view->show();
+        // A parent that places its children itself does so again, at its size of now.
+        QResizeEvent resize(m_viewParent->size(), m_viewParent->size());
+        QCoreApplication::sendEvent(m_viewParent, &resize);
+        m_viewParent->window()->activateWindow();
     }
     delete m_placeholder;
     m_fullscreen = false;

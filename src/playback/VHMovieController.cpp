@@ -197,6 +197,7 @@ void VHMovieController::setMovie(const QString &path)
     m_wasPlaying = false;
     m_loadPending = false;
     m_reopening = false;
+    m_loadError.clear();
     if (!m_movie.isEmpty()) {
         m_fps = 0;
         m_duration = 0;
@@ -226,7 +227,6 @@ void VHMovieController::reopenMovie()
     if (!hasMovie() || m_waitingForReady || m_loadPending)
         return;
     m_reopening = true;
-    m_reopenPlaying = m_isPlaying;
     m_loadPending = !m_glSurface->hasRenderContext();
     if (!m_loadPending)
         issueLoad();
@@ -253,8 +253,23 @@ void VHMovieController::setPaused(bool paused)
 
 void VHMovieController::setPlaying(bool playing)
 {
-    if (hasMovie())
-        setPaused(!playing);
+    if (!hasMovie())
+        return;
+    setPaused(!playing);
+    // Paused, the time is that of the frame the player stopped on, which the last periodic
+    // update (up to a frame earlier) has not seen; a fix or a frame step starts from it.
+    if (!playing)
+        followPlayerTime();
+}
+
+void VHMovieController::followPlayerTime()
+{
+    if (m_isPlaying || !m_timeFromPlayer || m_waitingForReady || m_wasPlaying)
+        return;
+    const double t = playerTime();
+    if (std::isnan(t) || t == m_currentTime)
+        return;
+    updateScrobberTimed();
 }
 
 void VHMovieController::togglePlayPause()
@@ -298,6 +313,8 @@ void VHMovieController::setCurrentTime(double seconds)
         m_wasPlaying = m_isPlaying;
     if (m_wasPlaying)
         setPaused(true);
+    // The time asked for is the time from now on, not the player's frame start.
+    m_timeFromPlayer = false;
     const double length = duration();
     const double t = std::clamp(seconds, 0.0, length);
     m_currentTime = t;
@@ -387,6 +404,7 @@ void VHMovieController::drainMpvEvents()
             if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady &&
                 end->playlist_entry_id == m_entryId) {
                 m_waitingForReady = false;
+                m_loadError = u"libmpv: %1"_s.arg(QString::fromUtf8(mpv_error_string(end->error)));
                 reportFailedLoading();
             }
             break;
@@ -406,6 +424,8 @@ void VHMovieController::handlePropertyChange(const char *name, int format, void 
     const QByteArrayView key(name);
     if (key == "time-pos") {
         m_playerTime = isDouble ? *static_cast<double *>(data) : NAN;
+        // A frame the player still showed after a pause took hold.
+        followPlayerTime();
     } else if (key == "duration") {
         // Kept while mpv has no file (a reopen); unloading resets it.
         if (isDouble)
@@ -431,7 +451,8 @@ void VHMovieController::movieBecameReady()
         const QByteArray target = QByteArray::number(m_currentTime, 'f', 6);
         const char *seek[] = {"seek", target.constData(), "absolute+exact", nullptr};
         mpv_command_async(m_mpv.get(), 0, seek);
-        int paused = m_reopenPlaying ? 0 : 1;
+        // Playing or paused as asked meanwhile (the play button works while it reopens).
+        int paused = m_isPlaying ? 0 : 1;
         mpv_set_property(m_mpv.get(), "pause", MPV_FORMAT_FLAG, &paused);
         return;
     }

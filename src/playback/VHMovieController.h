@@ -79,6 +79,7 @@ public:
     bool loadMovieURL(const QString &path) override;
     void unloadMovie() override { setMovie(QString()); }
     void setDelegate(PlaybackControlDelegate *delegate) override { m_delegate = delegate; }
+    QString loadError() const override { return m_loadError; }
     double aspectRatio() const override;
     QList<AudioTrackItem> audioMenuItems() const override;
     int audioTrack() const override;
@@ -106,7 +107,7 @@ public:
     void fillAudioMenu(QMenu *menu);
     // Gives the play button the keyboard focus.
     void makeFirstResponder();
-    bool isFullscreen() const { return m_fullscreen; }
+    bool isFullscreen() const override { return m_fullscreen; }
     // For a window with a control bar of its own: the view then shows only the picture and
     // the overlay, whatever autoShowControls says.
     void setControlBarHidden(bool hidden);
@@ -114,7 +115,9 @@ public:
     // The actions of the buttons, the slider and the menu.
     virtual void togglePlayPause();
     void toggleSubtitle();
-    void toggleFullscreen();
+    // The view leaves the window for a full-screen window of its own (with the control bar,
+    // also where the window has its own), and comes back to the same place.
+    void toggleFullscreen() override;
     void cancelFullscreen();
     virtual void jumpToBeginning();
     virtual void scrubThroughMovie();
@@ -190,8 +193,12 @@ protected:
     double m_currentTime = 0;
     double m_playRate = 0;
     double m_fps = 0;
+    // The current time is where playback took the player, not a time that was set (a seek
+    // stores the time asked for, which may lie inside the frame on screen).
+    bool m_timeFromPlayer = false;
     SubtitleList m_subtitles;
     PlaybackControlDelegate *m_delegate = nullptr;
+    QString m_loadError;
 
 private:
     struct Track
@@ -231,6 +238,9 @@ private:
     void readTrackList(const mpv_node &list);
     void seekFinishedInPlayer();
     void setPaused(bool paused);
+    // While paused after playing: takes the player's position (the frame on screen) as the
+    // current time when it differs.
+    void followPlayerTime();
     QList<Track> audioTracks() const;
 
     // Declared in destruction order's reverse: the render context goes before the player.
@@ -240,7 +250,6 @@ private:
     bool m_loadPending = false;
     bool m_forceRender = false;
     bool m_reopening = false;
-    bool m_reopenPlaying = false;
     qint64 m_entryId = -1;
     double m_duration = 0;
     double m_playerTime = NAN;

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QMutex>
+#include <QTimer>
 
 #include <vlc/vlc.h>
 
@@ -15,13 +16,18 @@
 
 using namespace Qt::StringLiterals;
 
-// Receives decoded frames on libVLC's threads. VLC decodes into `pixels` between lock and
-// unlock; the GUI thread copies them out under the same lock.
+// Receives decoded frames on libVLC's threads. VLC draws a picture into one of the buffers
+// between lock and unlock, some time before it is due, and calls display when it is due: the
+// buffer displayed last is the frame on screen, while the next picture may already be drawn
+// into another. The GUI thread copies the displayed one out under the same lock.
 struct VLCMovieController::FrameSink
 {
+    static constexpr int BufferCount = 3;
     VLCMovieController *controller = nullptr;
     QMutex mutex;
-    std::vector<uchar> pixels;
+    std::vector<uchar> pixels[BufferCount];
+    int drawing = 0;    // the buffer of the picture drawn last
+    int displayed = -1; // the buffer of the picture due last; -1 before the first
     unsigned width = 0, height = 0, pitch = 0;
     std::atomic<bool> posted{false};
 
@@ -37,7 +43,9 @@ struct VLCMovieController::FrameSink
         pitches[0] = sink->pitch;
         lines[0] = *height;
         // Decoders may write a little past the last line.
-        sink->pixels.assign(size_t(sink->pitch) * (*height + 2) + 64, 0);
+        for (std::vector<uchar> &buffer : sink->pixels)
+            buffer.assign(size_t(sink->pitch) * (*height + 2) + 64, 0);
+        sink->displayed = -1;
         return 1;
     }
     static void cleanup(void *) {}
@@ -45,16 +53,25 @@ struct VLCMovieController::FrameSink
     {
         auto *sink = static_cast<FrameSink *>(opaque);
         sink->mutex.lock();
-        planes[0] = sink->pixels.data();
-        return nullptr;
+        // Never the buffer on screen.
+        int next = (sink->drawing + 1) % BufferCount;
+        if (next == sink->displayed)
+            next = (next + 1) % BufferCount;
+        sink->drawing = next;
+        planes[0] = sink->pixels[next].data();
+        return reinterpret_cast<void *>(quintptr(next));
     }
     static void unlock(void *opaque, void *, void *const *)
     {
         static_cast<FrameSink *>(opaque)->mutex.unlock();
     }
-    static void display(void *opaque, void *)
+    static void display(void *opaque, void *picture)
     {
         auto *sink = static_cast<FrameSink *>(opaque);
+        {
+            QMutexLocker lock(&sink->mutex);
+            sink->displayed = int(reinterpret_cast<quintptr>(picture));
+        }
         if (!sink->posted.exchange(true))
             QMetaObject::invokeMethod(sink->controller, "takeFrame", Qt::QueuedConnection);
     }
@@ -149,10 +166,10 @@ void VLCMovieController::takeFrame()
     QImage frame;
     {
         QMutexLocker lock(&m_sink->mutex);
-        if (m_sink->width == 0 || m_sink->height == 0)
+        if (m_sink->width == 0 || m_sink->height == 0 || m_sink->displayed < 0)
             return;
-        frame = QImage(m_sink->pixels.data(), int(m_sink->width), int(m_sink->height), int(m_sink->pitch),
-                       QImage::Format_RGB32)
+        frame = QImage(m_sink->pixels[m_sink->displayed].data(), int(m_sink->width), int(m_sink->height),
+                       int(m_sink->pitch), QImage::Format_RGB32)
                     .copy();
     }
     // RV32 leaves the fourth byte unset; an RGB32 image needs it opaque.
@@ -189,6 +206,9 @@ void VLCMovieController::setMovie(const QString &path)
     m_holdFrame = false;
     m_timeWhenPaused = 0;
     m_currentTime = 0;
+    m_clockValue = NAN;
+    m_pausePending = false;
+    m_loadError.clear();
     if (m_media) {
         libvlc_media_release(m_media);
         m_media = nullptr;
@@ -210,6 +230,14 @@ void VLCMovieController::setMovie(const QString &path)
     // frame arrives, then pause.
     stepToFrameAt(0);
     libvlc_video_set_spu(m_vlcPlayer, -1);
+}
+
+void VLCMovieController::seekWhilePaused(double seconds)
+{
+    // A paused player shows no picture of the new time by itself: play onto it.
+    libvlc_media_player_set_pause(m_vlcPlayer, 1);
+    libvlc_media_player_set_time(m_vlcPlayer, seekTarget(seconds));
+    stepToFrameAt(seconds);
 }
 
 void VLCMovieController::stepToFrameAt(double seconds)
@@ -241,10 +269,12 @@ void VLCMovieController::movieStateChanged(int eventType)
 {
     if (!m_media)
         return;
+
     if (eventType == libvlc_MediaPlayerEncounteredError || eventType == libvlc_MediaPlayerEndReached)
         endStep();
     if (m_isLoading && eventType == libvlc_MediaPlayerEncounteredError) {
         m_isLoading = false;
+        m_loadError = u"libVLC: the file could not be read or decoded"_s;
         reportFailedLoading();
         return;
     }
@@ -285,17 +315,28 @@ void VLCMovieController::movieStateChanged(int eventType)
             return;
         }
     }
-    // Until the pause that ends playing onto a frame holds, the player still says it plays.
+    // Until a pause holds (the one that ends playing onto a frame, or the user's), the player
+    // still says it plays.
     if (m_pausingAfterStep) {
         if (eventType != libvlc_MediaPlayerPaused && eventType != libvlc_MediaPlayerStopped &&
             eventType != libvlc_MediaPlayerEndReached && eventType != libvlc_MediaPlayerEncounteredError)
             return;
         m_pausingAfterStep = false;
+        if (m_pausePending) {
+            m_pausePending = false;
+            // The pause holds: show the frame of the time reported at the pause (or of a time
+            // set since), so that the picture is the time the label says.
+            if (eventType == libvlc_MediaPlayerPaused) {
+                seekWhilePaused(m_timeWhenPaused);
+                return;
+            }
+        }
     }
     // Still loading when the input ended: libVLC found nothing it could play in the file
     // (it reads unknown bytes to their end rather than failing).
     if (m_isLoading && eventType == libvlc_MediaPlayerEndReached) {
         m_isLoading = false;
+        m_loadError = u"libVLC: no video or audio it can play was found in the file"_s;
         reportFailedLoading();
         return;
     }
@@ -332,8 +373,34 @@ double VLCMovieController::duration() const
 double VLCMovieController::currentTime() const
 {
     if (m_isPlaying && m_vlcPlayer)
-        return double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0;
+        return playingTime();
     return m_timeWhenPaused;
+}
+
+double VLCMovieController::playingTime() const
+{
+    // libVLC moves its time on only every quarter of a second or so; in between, the time
+    // runs on with the clock from when the player's time last moved.
+    const double reported = double(libvlc_media_player_get_time(m_vlcPlayer)) / 1000.0;
+    if (reported != m_clockValue || !m_clockSeen.isValid()) {
+        m_clockValue = reported;
+        m_clockSeen.start();
+        return reported;
+    }
+    return reported + std::min(double(m_clockSeen.elapsed()) / 1000.0, 1.0);
+}
+
+long long VLCMovieController::seekTarget(double seconds) const
+{
+    // Seeking to the very start of a frame, libVLC often shows the next one: aim a quarter
+    // frame before the start of the frame that covers the time.
+    const double target = m_fps > 0 ? frameStart(seconds) - 0.25 / m_fps : seconds;
+    return std::llround(std::max(0.0, target) * 1000.0);
+}
+
+double VLCMovieController::frameStart(double seconds) const
+{
+    return m_fps > 0 ? std::floor(seconds * m_fps + 1e-6) / m_fps : seconds;
 }
 
 double VLCMovieController::playerTime() const
@@ -347,17 +414,26 @@ void VLCMovieController::setCurrentTime(double seconds)
 {
     if (!m_vlcPlayer)
         return;
+    if (m_pausePending) {
+        // Frames of the playing still arrive until the pause holds; the seek waits for it.
+        m_timeWhenPaused = seconds;
+        m_currentTime = seconds;
+        tellSubtitleViewTime(seconds);
+        setSliderFraction(position());
+        announceCurrentTime();
+        return;
+    }
     const bool wasPlaying = m_isPlaying;
-    libvlc_media_player_set_pause(m_vlcPlayer, 1);
-    libvlc_media_player_set_time(m_vlcPlayer, libvlc_time_t(seconds * 1000.0));
     m_timeWhenPaused = seconds;
     m_currentTime = seconds;
     tellSubtitleViewTime(seconds);
-    if (wasPlaying)
+    if (wasPlaying) {
+        libvlc_media_player_set_pause(m_vlcPlayer, 1);
+        libvlc_media_player_set_time(m_vlcPlayer, seekTarget(seconds));
         libvlc_media_player_play(m_vlcPlayer);
-    else
-        // A paused player shows no picture of the new time by itself: play onto it.
-        stepToFrameAt(seconds);
+    } else {
+        seekWhilePaused(seconds);
+    }
     setSliderFraction(position());
     announceCurrentTime();
 }
@@ -367,7 +443,8 @@ void VLCMovieController::setIsPlaying(bool playing)
     if (playing == m_isPlaying)
         return;
     if (!playing) {
-        m_timeWhenPaused = currentTime();
+        // Paused on a frame: the time is where that frame starts.
+        m_timeWhenPaused = frameStart(currentTime());
         stopScrubberTimer();
     }
     m_isPlaying = playing;
@@ -414,6 +491,22 @@ void VLCMovieController::togglePlayPause()
     libvlc_audio_set_mute(m_vlcPlayer, 0);
     if (m_isPlaying) {
         libvlc_media_player_set_pause(m_vlcPlayer, 1);
+        // Paused from now on: a step or a fix right away starts from the time reported now,
+        // whose frame is shown once the pause holds. The frames decoded meanwhile stay hidden,
+        // and the player's reports of playing until then are not news.
+        m_pausingAfterStep = true;
+        m_pausePending = true;
+        m_holdFrame = true;
+        setIsPlaying(false);
+        updateScrobberTimed();
+        // Should libVLC never confirm the pause, the frame is shown all the same.
+        QTimer::singleShot(1000, this, [this, media = m_media] {
+            if (m_pausePending && m_media == media) {
+                m_pausePending = false;
+                m_pausingAfterStep = false;
+                seekWhilePaused(m_timeWhenPaused);
+            }
+        });
     } else {
         libvlc_media_player_play(m_vlcPlayer);
         libvlc_video_set_spu(m_vlcPlayer, -1);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <memory>
 
+#include <QElapsedTimer>
 #include <QSize>
 
 struct libvlc_instance_t;
@@ -66,7 +67,14 @@ private:
     Q_INVOKABLE void movieStateChanged(int eventType);
     Q_INVOKABLE void takeFrame();
     bool playerIsPlaying() const;
+    // The time while playing, between libVLC's coarse updates.
+    double playingTime() const;
+    // The start of the frame that covers `seconds`.
+    double frameStart(double seconds) const;
+    // The time (milliseconds) to seek libVLC to for showing the frame that covers `seconds`.
+    long long seekTarget(double seconds) const;
     void stepToFrameAt(double seconds);
+    void seekWhilePaused(double seconds);
     void endStep();
 
     libvlc_instance_t *m_vlc = nullptr;
@@ -78,6 +86,11 @@ private:
     QSize m_pictureSize;
     bool m_isLoading = false;
     double m_timeWhenPaused = 0;
+    // libVLC's time as last seen, and since when (playingTime()).
+    mutable double m_clockValue = NAN;
+    mutable QElapsedTimer m_clockSeen;
+    // The user paused and the player has not yet confirmed it.
+    bool m_pausePending = false;
     // While playing onto a frame: the time of the frame to pause on (NaN otherwise).
     double m_stepTarget = NAN;
     bool m_holdFrame = false;

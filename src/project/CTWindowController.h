@@ -215,7 +215,8 @@ public:
     void openMovie();
     // Switches to a player kind (0 none, 1 libmpv, 2 libVLC); nothing when it is current.
     void prepareMovieController(int kind);
-    // Neither player could open the movie: back to no movie.
+    // Neither player could open the movie: back to no movie, and the user is told (after the
+    // current call, never from inside a player's report) which file and why.
     void resetAfterFailing();
     // Ticks the n-th audio track, hands it to the player and remembers it as "AudioTrack".
     void setActiveTrack(int index);
@@ -317,6 +318,7 @@ private:
     void markChanged() { setHasChanged(true); }
     void movieDidLoad();
     void movieFaildLoading();
+    void tellMovieCouldNotBeOpened(const QString &path, const QStringList &reasons);
     void fillAudioMenu();
     void showAudioMenu();
     qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
@@ -366,6 +368,8 @@ private:
     PlaybackControlFactory m_controllerFactory;
     std::function<void(bool, bool)> m_extractionHook;
     QList<AudioTrackItem> m_audioItems;
+    // What each player said when it could not open the movie being opened.
+    QStringList m_movieLoadErrors;
     QList<double> m_frameSteps;
     bool m_firstWebSearch = true;
     bool m_allowArrows = true;

@@ -71,6 +71,9 @@ public:
         return false;
     }
     virtual void unloadMovie() {}
+    // Why the last movie could not be loaded, in a few words for the user ("unrecognized
+    // file format"); empty when it loaded or the player cannot tell.
+    virtual QString loadError() const { return {}; }
     virtual void setDelegate(PlaybackControlDelegate *delegate) { Q_UNUSED(delegate); }
     // Width ÷ height of the picture; 0 when unknown.
     virtual double aspectRatio() const { return 0; }
@@ -81,6 +84,11 @@ public:
     virtual QList<AudioTrackItem> audioMenuItems() const { return {}; }
     virtual int audioTrack() const { return 0; }
     virtual void setAudioTrack(int index) { Q_UNUSED(index); }
+
+    // --- full screen -----------------------------------------------------------------
+    // The movie picture alone fills the screen, or goes back into the window; Escape leaves.
+    virtual void toggleFullscreen() {}
+    virtual bool isFullscreen() const { return false; }
 
     // --- flags -----------------------------------------------------------------------
     virtual void setAccuracyScrubbing(bool on) { Q_UNUSED(on); }

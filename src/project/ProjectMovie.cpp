@@ -4,6 +4,7 @@
 #include "CTFileHelper.h"
 #include "CTWindowController.h"
 #include "Log.h"
+#include "MainQueue.h"
 #include "PlaybackControl.h"
 #include "ProjectView.h"
 #include "Prompter.h"
@@ -45,6 +46,7 @@ void CTWindowController::setMoviePath(const QString &path)
         m_willAutoEmbed ? m_willAutoEmbed() : willAutoEmbed();
     m_movieDuration = 0;
     m_fps = 0;
+    m_movieLoadErrors.clear();
     if (hadMovie) {
         setSubtitles({}); // clears the selection and the current cue first
     }
@@ -117,6 +119,11 @@ void CTWindowController::movieControllerFaildLoading(PlaybackControl *controller
 
 void CTWindowController::movieFaildLoading()
 {
+    if (m_player) {
+        const QString why = m_player->loadError();
+        if (!why.isEmpty())
+            m_movieLoadErrors << why;
+    }
     if (!m_moviePath.isEmpty() && m_movieKind != 2) {
         prepareMovieController(2);
         if (m_player && m_player->loadMovieURL(m_moviePath))
@@ -134,10 +141,13 @@ void CTWindowController::resetAfterFailing()
     m_audioItems = {AudioTrackItem{u"No Audio Track"_s, -1, false}};
     showAudioMenu();
     storeSubtitlePath(QString());
-    if (!m_moviePath.isEmpty())
+    if (!m_moviePath.isEmpty()) {
         logLine(u"Warning: Movie at %1 could not be opened!"_s.arg(m_moviePath));
-    else
+        tellMovieCouldNotBeOpened(m_moviePath, m_movieLoadErrors);
+    } else {
         Settings::shared().remove(u"LastVideo"_s);
+    }
+    m_movieLoadErrors.clear();
     m_moviePath.clear();
     if (m_view)
         m_view->setPlayerViewVisible(false);
@@ -145,6 +155,22 @@ void CTWindowController::resetAfterFailing()
     didChangeValueForKey(u"hasMovie"_s);
     setFixMode(0);
     updateLanguages();
+}
+
+void CTWindowController::tellMovieCouldNotBeOpened(const QString &path, const QStringList &reasons)
+{
+    Prompt prompt;
+    prompt.message = u"The movie “%1” could not be opened."_s.arg(QFileInfo(path).fileName());
+    // Each player's reason on a line of its own, then where the file is.
+    prompt.informative = reasons.isEmpty() ? u"No player here can play it.\n\n%1"_s.arg(path)
+                                           : u"%1.\n\n%2"_s.arg(reasons.join(u".\n"_s), path);
+    prompt.buttons = {u"OK"_s};
+    // Asked after the current call: this runs inside a player's report, and the question
+    // waits for the user.
+    MainQueue::main().post([alive = std::weak_ptr<void>(m_alive), prompt] {
+        if (!alive.expired())
+            Prompter::shared().ask(prompt);
+    });
 }
 
 void CTWindowController::movieControllerDidLoadMovie(PlaybackControl *controller)

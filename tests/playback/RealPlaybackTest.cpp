@@ -10,6 +10,9 @@
 
 #include <QBoxLayout>
 #include <QGuiApplication>
+#include <QProcess>
+
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -173,7 +176,128 @@ TEST(RealPlayback, VLCSeeksToAFrameAndTheOverlayShowsItsCue)
     controller.setPlaying(false);
     ASSERT_TRUE(waitFor([&] { return !controller.isPlaying(); }));
     EXPECT_EQ(window.delegate.playingChanges, (QList<bool>{true, false}));
-    // Paused, the time is the one reached when it stopped.
-    EXPECT_NEAR(controller.currentTime(), controller.playerTime(), 2 * Frame);
-    EXPECT_GT(controller.currentTime(), 3.8);
+    // Paused, the time is the start of the frame reached when it stopped.
+    EXPECT_NEAR(std::remainder(controller.currentTime(), Frame), 0.0, 1e-9) << controller.currentTime();
+    EXPECT_GE(controller.currentTime(), 3.8 - Frame);
+}
+
+namespace {
+
+// Every frame of the test movie, decoded once by the ffmpeg command line (320×240).
+const QList<QImage> &movieFrames()
+{
+    static const QList<QImage> frames = [] {
+        QList<QImage> decoded;
+        QProcess ffmpeg;
+        ffmpeg.start(u"ffmpeg"_s, {u"-hide_banner"_s, u"-loglevel"_s, u"error"_s, u"-i"_s, testMovie(),
+                                   u"-f"_s, u"rawvideo"_s, u"-pix_fmt"_s, u"rgb24"_s, u"-"_s});
+        ffmpeg.waitForFinished(60000);
+        const QByteArray bytes = ffmpeg.readAllStandardOutput();
+        constexpr qsizetype FrameBytes = 320 * 240 * 3;
+        for (qsizetype at = 0; at + FrameBytes <= bytes.size(); at += FrameBytes)
+            decoded << QImage(reinterpret_cast<const uchar *>(bytes.constData() + at), 320, 240, 320 * 3,
+                              QImage::Format_RGB888)
+                           .convertToFormat(QImage::Format_RGB32);
+        return decoded;
+    }();
+    return frames;
+}
+
+// The index (at 25 frames a second) of the test movie's frame that the controller's picture
+// shows, found among the frames `from`..`to` by comparing it with each decoded frame.
+int shownFrame(VHMovieController &controller, int from, int to)
+{
+    const QList<QImage> &frames = movieFrames();
+    const QImage picture = controller.grabFrame();
+    const QRect pictureRect = ImageVideoSurface::frameRect({320, 240}, QRect(QPoint(), picture.size()));
+    int best = -1;
+    double bestDistance = 255;
+    for (int index = std::max(0, from); index <= std::min<int>(to, int(frames.size()) - 1); ++index) {
+        const double distance = frameDistance(picture, pictureRect, frames[index], QRect());
+        if (distance < bestDistance) {
+            best = index;
+            bestDistance = distance;
+        }
+    }
+    EXPECT_LT(bestDistance, 12.0) << "the picture is none of the frames " << from << ".." << to;
+    return best;
+}
+
+// The frame that covers `seconds`.
+int frameAt(double seconds)
+{
+    return int(std::floor(seconds / Frame + 1e-6));
+}
+
+// Plays from `from` until the time passes `until`, pauses, and checks that the time the
+// controller and its delegate report right away, and once the player has settled, is the
+// time of the frame on screen; then that one frame step right after a pause shows the frame
+// after the one paused on. `framesOff`: how many frames the picture may be from the time.
+void expectPauseAndStepAgreeWithThePicture(VHMovieController &controller, Window &window, double from,
+                                           double until, int framesOff)
+{
+    // Getting there: libVLC now and then loses a seek that follows the end of a step closely
+    // (the step under test below is checked by the picture); ask once more then.
+    controller.setCurrentTime(from);
+    if (!waitFor([&] { return std::abs(controller.playerTime() - from) < Frame; }, 3000))
+        controller.setCurrentTime(from);
+    ASSERT_TRUE(waitFor([&] { return std::abs(controller.playerTime() - from) < Frame; }));
+    controller.setPlaying(true);
+    ASSERT_TRUE(waitFor([&] { return controller.isPlaying() && controller.currentTime() > until; }));
+    controller.setPlaying(false);
+    EXPECT_FALSE(controller.isPlaying());
+    const double atPause = controller.currentTime();
+    waitFor([] { return false; }, 600); // the player settles; the last frame reaches the screen
+    const double settled = controller.currentTime();
+    const int shown = shownFrame(controller, frameAt(settled) - 8, frameAt(settled) + 8);
+    EXPECT_LE(std::abs(frameAt(settled) - shown), framesOff)
+        << "reported " << settled << " s, the picture shows " << shown * Frame << " s";
+    EXPECT_EQ(atPause, settled) << "right after the pause: " << atPause << " s";
+    ASSERT_FALSE(window.delegate.times.isEmpty());
+    EXPECT_DOUBLE_EQ(window.delegate.times.last(), settled) << "the label's time";
+
+    // Right after a pause, a step of one frame from the reported time shows the frame after
+    // the one the player stopped on.
+    controller.setPlaying(true);
+    ASSERT_TRUE(waitFor([&] { return controller.isPlaying() && controller.currentTime() > until + 0.5; }));
+    controller.setPlaying(false);
+    const double pausedAt = controller.currentTime();
+    controller.setCurrentTime(pausedAt + Frame);
+    waitFor([] { return false; }, 600);
+    EXPECT_FALSE(controller.isPlaying());
+    const double stepped = controller.currentTime();
+    EXPECT_EQ(frameAt(stepped), frameAt(pausedAt) + 1) << "paused at " << pausedAt << " s";
+    const int afterStep = shownFrame(controller, frameAt(stepped) - 8, frameAt(stepped) + 8);
+    EXPECT_LE(std::abs(frameAt(stepped) - afterStep), framesOff)
+        << "stepped to " << stepped << " s, the picture shows " << afterStep * Frame << " s";
+    EXPECT_DOUBLE_EQ(window.delegate.times.last(), stepped);
+    controller.setPlaying(false);
+}
+
+} // namespace
+
+TEST(RealPlayback, MpvReportsTheFrameOnScreenAfterPauseAndStep)
+{
+    VHMovieController controller;
+    Window window(controller);
+    ASSERT_TRUE(controller.loadMovieURL(testMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        SCOPED_TRACE(attempt);
+        expectPauseAndStepAgreeWithThePicture(controller, window, 0.5 + attempt, 1.3 + attempt, 0);
+    }
+}
+
+// libVLC gives no time stamps with its frames and moves its own time on only every quarter
+// of a second: after a pause it shows the frame of the time reported then, up to one frame off.
+TEST(RealPlayback, VLCReportsTheFrameOnScreenAfterPauseAndStep)
+{
+    VLCMovieController controller;
+    Window window(controller);
+    ASSERT_TRUE(controller.loadMovieURL(testMovie()));
+    ASSERT_TRUE(window.waitLoaded());
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        SCOPED_TRACE(attempt);
+        expectPauseAndStepAgreeWithThePicture(controller, window, 0.5 + attempt, 1.3 + attempt, 1);
+    }
 }

@@ -122,6 +122,47 @@ TEST_F(MovieTest, AMovieNeitherPlayerOpensResetsTheProject)
     EXPECT_EQ(Settings::shared().stringValue(u"LastVideo"_s), u"/earlier/Movie.mkv"_s);
 }
 
+TEST_F(MovieTest, AMovieNeitherPlayerOpensIsReportedToTheUserWithTheReasons)
+{
+    shop.loadable[2] = true;
+    project->setMoviePath(movie);
+    FakePlayer *first = shop.last();
+    first->whyNotLoaded = u"libmpv: unrecognized file format"_s;
+    first->delegate->movieControllerFaildLoading(first);
+    FakePlayer *fallback = shop.last();
+    ASSERT_NE(fallback, first);
+    fallback->whyNotLoaded = u"libVLC: no video or audio it can play was found in the file"_s;
+    fallback->delegate->movieControllerFaildLoading(fallback);
+
+    // Not from inside the player's report: after it.
+    EXPECT_TRUE(prompter.prompts.isEmpty());
+    MainQueue::main().drain();
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(prompter.prompts[0].message, u"The movie “Film.mp4” could not be opened."_s);
+    EXPECT_EQ(prompter.prompts[0].informative,
+              u"libmpv: unrecognized file format.\nlibVLC: no video or audio it can play was found in the "
+              "file.\n\n%1"_s.arg(movie));
+    EXPECT_EQ(prompter.prompts[0].buttons, QStringList{u"OK"_s});
+    EXPECT_EQ(log.count(u"Warning: Movie at %1 could not be opened!"_s.arg(movie)), 1);
+
+    // A player that cannot even make a movie object gives no reason; the file is still named.
+    prompter.prompts.clear();
+    shop.loadable[1] = false;
+    shop.loadable[2] = false;
+    project->setMoviePath(movie);
+    MainQueue::main().drain();
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(prompter.prompts[0].informative, u"No player here can play it.\n\n%1"_s.arg(movie));
+
+    // A movie that opens says nothing.
+    prompter.prompts.clear();
+    shop.loadable[1] = true;
+    project->setMoviePath(movie);
+    loaded();
+    MainQueue::main().drain();
+    EXPECT_TRUE(prompter.prompts.isEmpty());
+}
+
 TEST_F(MovieTest, ALoadedMovieGivesItsFrameRateLengthAndShape)
 {
     struct Case

@@ -134,6 +134,8 @@ public:
     QList<AudioTrackItem> audioItems;
     QList<int> audioTracks;
     bool systemItem = true;
+    QString whyNotLoaded;
+    QString loadError() const override { return whyNotLoaded; }
     int kind() const override { return playerKind; }
     bool loadMovieURL(const QString &path) override
     {
