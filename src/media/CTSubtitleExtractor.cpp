@@ -290,14 +290,8 @@ bool CTSubtitleExtractor::extractTextTrack(const QString &moviePath, int trackID
             track, moviePath, damage.join(u"; "_s), path));
     if (damaged)
         *damaged = !damage.isEmpty();
-    // An empty file would only become the next current subtitle file and break the next
-    // embedding.
-    if (cues.isEmpty()) {
-        logLine(u"Warning: %1 of %2 holds no text; %3 was not written"_s.arg(track, moviePath, path));
-        if (damaged)
-            *damaged = true;
-        return false;
-    }
+    // Every planned track gets its file, an empty one when the track gave no text (picture
+    // subtitles are never planned, so they leave no empty file behind).
     if (isSubtitle)
         return VHSubtitle::writeSubtitles(cues, path);
     return VHVideoText::writeVideoText(cues, path);
