@@ -1,5 +1,6 @@
 #include "AtomicFile.h"
 
+#include "DescriptorIo.h"
 #include "FileNames.h"
 #include "RegularFile.h"
 
@@ -47,29 +48,6 @@ public:
 private:
     int m_fd;
 };
-
-// Writes all of `size` bytes at `offset` (or at the current position when it is -1);
-// returns 0 or the errno of the write that failed. A short write is followed by another
-// write, which then reports the reason (a full disk, a size limit).
-int writeAll(int fd, const char *data, qint64 size, off_t offset = -1)
-{
-    while (size > 0) {
-        const size_t piece = size_t(std::min<qint64>(size, qint64(1) << 30));
-        const ssize_t written = offset < 0 ? ::write(fd, data, piece) : ::pwrite(fd, data, piece, offset);
-        if (written < 0) {
-            if (errno == EINTR)
-                continue;
-            return errno;
-        }
-        if (written == 0)
-            return EIO;
-        data += written;
-        size -= written;
-        if (offset >= 0)
-            offset += written;
-    }
-    return 0;
-}
 
 // Copies the whole of `from` (from its start) to `to` at offset 0; 0 or the errno.
 int copyContent(int from, int to)

@@ -1,5 +1,7 @@
 #include "MovieBoxes.h"
 
+#include "DescriptorIo.h"
+
 #include <QFile>
 #include <QtEndian>
 
@@ -66,36 +68,6 @@ std::optional<QList<TopBox>> topLevel(int fd, qint64 fileSize)
     return boxes;
 }
 
-bool readAll(int fd, char *buffer, qint64 size, qint64 offset)
-{
-    while (size > 0) {
-        const ssize_t got = ::pread(fd, buffer, size_t(size), offset);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got <= 0)
-            return false;
-        buffer += got;
-        size -= got;
-        offset += got;
-    }
-    return true;
-}
-
-bool writeAll(int fd, const char *buffer, qint64 size, qint64 offset)
-{
-    while (size > 0) {
-        const ssize_t put = ::pwrite(fd, buffer, size_t(size), offset);
-        if (put < 0 && errno == EINTR)
-            continue;
-        if (put <= 0)
-            return false;
-        buffer += put;
-        size -= put;
-        offset += put;
-    }
-    return true;
-}
-
 // Moves [from, end) of the file back by `by` bytes, last block first.
 bool moveBack(int fd, qint64 from, qint64 end, qint64 by)
 {
@@ -105,8 +77,8 @@ bool moveBack(int fd, qint64 from, qint64 end, qint64 by)
     while (position > from) {
         const qint64 start = std::max(from, position - block);
         const qint64 length = position - start;
-        if (!readAll(fd, buffer.data(), length, start) ||
-            !writeAll(fd, buffer.constData(), length, start + by))
+        if (readAll(fd, buffer.data(), length, start) != 0 ||
+            writeAll(fd, buffer.constData(), length, start + by) != 0)
             return false;
         position = start;
     }
@@ -294,7 +266,7 @@ QString editIndex(const QString &path, const std::function<void(Box &moov)> &edi
         return u"the index is too large"_s;
     const qint64 header = 8;
     QByteArray data(int(moovBox.size - header), Qt::Uninitialized);
-    if (!readAll(fd, data.data(), data.size(), moovBox.offset + header))
+    if (readAll(fd, data.data(), data.size(), moovBox.offset + header) != 0)
         return systemError();
     std::optional<QList<Box>> children = parseBoxes(data);
     if (!children)
@@ -326,7 +298,7 @@ QString editIndex(const QString &path, const std::function<void(Box &moov)> &edi
             bytes.append("free");
             bytes.append(QByteArray(int(filler - 8), '\0'));
         }
-        if (!writeAll(fd, bytes.constData(), bytes.size(), moovBox.offset))
+        if (writeAll(fd, bytes.constData(), bytes.size(), moovBox.offset) != 0)
             return systemError();
         return ::fsync(fd) == 0 ? QString() : systemError();
     }
@@ -337,7 +309,7 @@ QString editIndex(const QString &path, const std::function<void(Box &moov)> &edi
     if (overflow)
         return u"the chunk offsets do not fit in 32 bits"_s;
     if (!moveBack(fd, afterMoov, fileSize, growth) ||
-        !writeAll(fd, bytes.constData(), bytes.size(), moovBox.offset))
+        writeAll(fd, bytes.constData(), bytes.size(), moovBox.offset) != 0)
         return systemError();
     return ::fsync(fd) == 0 ? QString() : systemError();
 }
@@ -362,7 +334,7 @@ QMap<int, QString> extendedLanguageTags(const QString &path)
         if (top.type != "moov" || top.size > MaxIndexSize)
             continue;
         QByteArray data(int(top.size - 8), Qt::Uninitialized);
-        if (!readAll(fd, data.data(), data.size(), top.offset + 8))
+        if (readAll(fd, data.data(), data.size(), top.offset + 8) != 0)
             return tags;
         std::optional<QList<Box>> children = parseBoxes(data);
         if (!children)
