@@ -128,7 +128,7 @@ QVariant fromXml(const QByteArray &bytes, QString *error)
         xml.raiseError(u"the property list is empty"_s);
     if (xml.hasError()) {
         if (error)
-            *error = u"%1 (line %2)"_s.arg(xml.errorString()).arg(xml.lineNumber());
+            *error = u"%1 (line %2)"_s.arg(xml.errorString(), QString::number(xml.lineNumber()));
         return {};
     }
     return root;

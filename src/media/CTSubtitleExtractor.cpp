@@ -112,7 +112,8 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
                 QString extension;
                 if (!language.isEmpty()) {
                     const int n = counters.value(language, 0);
-                    extension = n == 0 ? language + u".srt"_s : u"%1-%2.srt"_s.arg(language).arg(n);
+                    extension =
+                        n == 0 ? language + u".srt"_s : u"%1-%2.srt"_s.arg(language, QString::number(n));
                     counters[language] = n + 1;
                 } else {
                     extension = u"srt"_s;
