@@ -12,26 +12,104 @@ CueTableModel::CueTableModel(CTWindowController *project, QObject *parent)
     : QAbstractTableModel(parent)
     , m_project(project)
 {
-    m_keys = m_project->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
-        keyChanged(key, change);
-    });
+    m_keys = m_project->observeKey(QString(), [this](Observable *, const QString &key,
+                                                     Observable::Change change) { keyChanged(key, change); });
+    m_project->addCueListObserver(this);
+}
+
+CueTableModel::~CueTableModel()
+{
+    m_project->removeCueListObserver(this);
 }
 
 void CueTableModel::keyChanged(const QString &key, Observable::Change change)
 {
-    if (key == u"subtitles"_s || key == u"searchPredicate"_s) {
-        // Announcements may nest (a new list while the filter changes): one reset spans them.
-        if (change == Observable::Change::Will) {
-            if (m_resetDepth++ == 0)
-                beginResetModel();
-        } else if (m_resetDepth > 0 && --m_resetDepth == 0) {
-            endResetModel();
-        }
-    } else if (change == Observable::Change::Did &&
-               (key == u"start"_s || key == u"duration"_s || key == u"subtitleText"_s || key == u"forced"_s ||
-                key == u"currentSubtitle"_s || key == u"fixMode"_s)) {
+    if (key == u"searchPredicate"_s) {
+        if (change == Observable::Change::Will)
+            beginReset();
+        else
+            endReset();
+    } else if (change == Observable::Change::Did && (key == u"currentSubtitle"_s || key == u"fixMode"_s)) {
+        // With a current line, the lines outside its run are dimmed; without one, none is.
         refreshRows();
     }
+}
+
+void CueTableModel::beginReset()
+{
+    // Announcements may nest (a new list while the filter changes): one reset spans them.
+    if (m_resetDepth++ == 0)
+        beginResetModel();
+}
+
+void CueTableModel::endReset()
+{
+    if (m_resetDepth > 0 && --m_resetDepth == 0)
+        endResetModel();
+}
+
+bool CueTableModel::filtered() const
+{
+    return !m_project->searchString().isEmpty();
+}
+
+void CueTableModel::cueRowsAboutToBeInserted(qsizetype first, qsizetype last)
+{
+    m_structureFiltered = filtered() || m_resetDepth > 0;
+    if (m_structureFiltered)
+        beginReset();
+    else
+        beginInsertRows({}, int(first), int(last));
+}
+
+void CueTableModel::cueRowsInserted()
+{
+    if (m_structureFiltered)
+        endReset();
+    else
+        endInsertRows();
+}
+
+void CueTableModel::cueRowsAboutToBeRemoved(qsizetype first, qsizetype last)
+{
+    m_structureFiltered = filtered() || m_resetDepth > 0;
+    if (m_structureFiltered)
+        beginReset();
+    else
+        beginRemoveRows({}, int(first), int(last));
+}
+
+void CueTableModel::cueRowsRemoved()
+{
+    if (m_structureFiltered)
+        endReset();
+    else
+        endRemoveRows();
+}
+
+void CueTableModel::cueListAboutToBeReset()
+{
+    beginReset();
+}
+
+void CueTableModel::cueListReset()
+{
+    endReset();
+}
+
+void CueTableModel::cueRowsChanged(qsizetype first, qsizetype last)
+{
+    if (m_resetDepth > 0)
+        return;
+    if (filtered()) {
+        refreshRows();
+        return;
+    }
+    const int rows = rowCount();
+    if (first < 0 || first >= rows)
+        return;
+    Q_EMIT dataChanged(index(int(first), 0),
+                       index(int(std::min<qsizetype>(last, rows - 1)), ColumnCount - 1));
 }
 
 void CueTableModel::refreshRows()
@@ -127,24 +205,13 @@ bool CueTableModel::setData(const QModelIndex &index, const QVariant &value, int
     if (!index.isValid() || index.row() >= cues.size())
         return false;
     const SubtitlePtr cue = cues[index.row()];
-    // Edits go through the editor fields when the row is the current line, so that the
-    // neighbours follow exactly as when the fields are typed in.
+    // Edits go through the project: through the editor fields when the row is the current
+    // line, so that the neighbours follow exactly as when the fields are typed in.
     const bool current = m_project->currentSubtitle() == cue;
     if (index.column() == ForcedColumn && role == Qt::CheckStateRole) {
-        const bool on = value.toInt() == Qt::Checked;
-        if (current) {
-            m_project->setForcedState(on ? 1 : 0);
-        } else if (cue->forced() != on) {
-            cue->setForced(on);
-            m_project->setHasChanged(true);
-        }
+        m_project->setCueForced(index.row(), value.toInt() == Qt::Checked);
     } else if (role == Qt::EditRole && index.column() == TextColumn) {
-        if (current) {
-            m_project->setSubtitleText(value.toString());
-        } else if (cue->string() != value.toString()) {
-            cue->setString(value.toString());
-            m_project->setHasChanged(true);
-        }
+        m_project->setCueText(index.row(), value.toString());
     } else if (role == Qt::EditRole && (index.column() == StartColumn || index.column() == DurationColumn)) {
         const double seconds = VHTimeValueTransformer::timeForString(value.toString());
         if (!current)
@@ -156,6 +223,5 @@ bool CueTableModel::setData(const QModelIndex &index, const QVariant &value, int
     } else {
         return false;
     }
-    refreshRows();
     return true;
 }

@@ -35,6 +35,8 @@ VHSubtitle::VHSubtitle(const QString &string, double from, double to, bool force
 
 VHSubtitle::~VHSubtitle() = default;
 
+CueEditListener::~CueEditListener() = default;
+
 const VHTimeValueTransformer &VHSubtitle::timeFormatter()
 {
     static const VHTimeValueTransformer formatter = [] {
@@ -57,6 +59,7 @@ QStringList VHSubtitle::dependentKeys(const QString &key) const
 void VHSubtitle::storeEnd(double end)
 {
     const double oldEnd = m_end;
+    willEdit();
     willChangeValueForKey(kEnd);
     // The maximum that ignores a NaN operand, with start as the second operand.
     if (std::isnan(m_start))
@@ -78,6 +81,7 @@ void VHSubtitle::setEnd(double end)
 void VHSubtitle::setStart(double start)
 {
     const double delta = start - m_start;
+    willEdit();
     willChangeValueForKey(kStart);
     m_start = start;
     didChangeValueForKey(kStart);
@@ -103,6 +107,7 @@ void VHSubtitle::setDuration(double duration)
 
 void VHSubtitle::setString(const QString &string)
 {
+    willEdit();
     willChangeValueForKey(kString);
     m_string = string;
     didChangeValueForKey(kString);
@@ -110,6 +115,7 @@ void VHSubtitle::setString(const QString &string)
 
 void VHSubtitle::setForced(bool forced)
 {
+    willEdit();
     willChangeValueForKey(kForced);
     m_forced = forced;
     didChangeValueForKey(kForced);
@@ -117,6 +123,7 @@ void VHSubtitle::setForced(bool forced)
 
 void VHSubtitle::setFixed(bool fixed)
 {
+    willEdit();
     willChangeValueForKey(kFixed);
     m_fixed = fixed;
     didChangeValueForKey(kFixed);
@@ -131,12 +138,43 @@ void VHSubtitle::setActive(bool active)
 
 void VHSubtitle::replaceStart(double start, double end)
 {
+    willEdit();
     willChangeValueForKey(kStart);
     m_start = start;
     didChangeValueForKey(kStart);
     willChangeValueForKey(kEnd);
     m_end = end;
     didChangeValueForKey(kEnd);
+}
+
+void VHSubtitle::restoreValues(const CueState &values)
+{
+    if (values == this->values())
+        return;
+    willEdit();
+    if (values.start != m_start || values.end != m_end) {
+        willChangeValueForKey(kStart);
+        m_start = values.start;
+        didChangeValueForKey(kStart);
+        willChangeValueForKey(kEnd);
+        m_end = values.end;
+        didChangeValueForKey(kEnd);
+    }
+    if (values.string != m_string) {
+        willChangeValueForKey(kString);
+        m_string = values.string;
+        didChangeValueForKey(kString);
+    }
+    if (values.forced != m_forced) {
+        willChangeValueForKey(kForced);
+        m_forced = values.forced;
+        didChangeValueForKey(kForced);
+    }
+    if (values.fixed != m_fixed) {
+        willChangeValueForKey(kFixed);
+        m_fixed = values.fixed;
+        didChangeValueForKey(kFixed);
+    }
 }
 
 QString VHSubtitle::formatedTime(double seconds)

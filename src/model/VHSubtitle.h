@@ -12,6 +12,28 @@
 class VHSubtitle;
 class VHTimeValueTransformer;
 
+// What an edit can change of a cue, and what undoing it puts back.
+struct CueState
+{
+    double start = 0;
+    double end = 0;
+    QString string;
+    bool forced = false;
+    bool fixed = false;
+
+    bool operator==(const CueState &) const = default;
+};
+
+// Hears of every change of a cue's times, text or flags just before it happens. The
+// project's list sets itself as the listener of the cues it holds, so that every change,
+// whoever makes it, is part of an edit that can be undone.
+class CueEditListener
+{
+public:
+    virtual ~CueEditListener();
+    virtual void cueWillChange(VHSubtitle &cue) = 0;
+};
+
 // Cues are shared: the list that holds them, the project's current-cue slot and the
 // overlay all keep the same cue alive through these pointers. A list owns its cues only in
 // the sense that it holds references; a cue lives as long as anyone holds it.
@@ -71,6 +93,15 @@ public:
     // Sets both times as given, with no clamping and no notification besides the key
     // announcements of "start" and then "end".
     void replaceStart(double start, double end);
+
+    CueState values() const { return {m_start, m_end, m_string, m_forced, m_fixed}; }
+    // Puts back values taken earlier: no clamping and no notification besides the key
+    // announcements of what differs (undo must not set off the neighbour corrections again).
+    void restoreValues(const CueState &values);
+
+    // The listener told of every change (null: none). Not owned.
+    void setEditListener(CueEditListener *listener) { m_editListener = listener; }
+    CueEditListener *editListener() const { return m_editListener; }
 
     // hh:mm:ss,mmm with truncated milliseconds.
     static QString formatedTime(double seconds);
@@ -133,7 +164,14 @@ protected:
     // nothing. Shared with subclasses that add their own notification.
     void storeEnd(double end);
 
+    void willEdit()
+    {
+        if (m_editListener)
+            m_editListener->cueWillChange(*this);
+    }
+
 private:
+    CueEditListener *m_editListener = nullptr;
     QString m_string;
     double m_start = 0;
     double m_end = 0;

@@ -54,8 +54,10 @@ void CTWindowController::registerDefaults()
 CTWindowController::CTWindowController(ProjectView *view, PlaybackControl *player)
     : m_view(view)
     , m_player(player)
+    , m_editor(std::make_unique<CueListEditor>(m_subtitles, static_cast<CueListEditorDelegate *>(this)))
 {
     registerDefaults();
+    m_editor->setCappedHandler([this] { editWasCapped(); });
 }
 
 CTWindowController::~CTWindowController()
@@ -145,16 +147,153 @@ void CTWindowController::setSubtitles(const SubtitleList &subtitles)
     // Rows and the current cue name cues of the old list: they go before the list does, so
     // that nothing reads an old row against the new list.
     clearSelection();
+    if (m_editor->inEdit()) {
+        m_editor->replace(subtitles); // one step of the running edit
+    } else {
+        // A new list: a file was loaded (or started). Its history starts here; a file that
+        // is loaded takes up the history it had when it was left (setSubtitlePath()).
+        m_editor->load(subtitles);
+    }
+    updateRangeNotification();
+    if (m_player)
+        m_player->setShowSubtitle(true);
+    Q_ASSERT(selectionIsConsistent());
+}
+
+void CTWindowController::cueListWillChange()
+{
     willChangeValueForKey(u"subtitles"_s);
-    m_subtitles = subtitles;
+}
+
+void CTWindowController::cueListDidChange()
+{
     invalidateArranged();
     didChangeValueForKey(u"subtitles"_s);
-    updateRangeNotification();
-    if (m_player) {
+    if (m_player)
         m_player->setSubtitles(m_subtitles);
-        m_player->setShowSubtitle(true);
+}
+
+CueSelection CTWindowController::cueSelection() const
+{
+    CueSelection selection;
+    const SubtitleList cues = selectedCues();
+    if (cues.size() <= 8) {
+        for (const SubtitlePtr &cue : cues)
+            selection.rows.append(indexOfSubtitle(cue.get()));
+    } else {
+        QHash<const VHSubtitle *, qsizetype> rows;
+        rows.reserve(m_subtitles.size());
+        for (qsizetype i = 0; i < m_subtitles.size(); ++i)
+            rows.insert(m_subtitles[i].get(), i);
+        for (const SubtitlePtr &cue : cues)
+            selection.rows.append(rows.value(cue.get(), -1));
     }
-    Q_ASSERT(selectionIsConsistent());
+    selection.rows.removeAll(-1);
+    selection.current = indexOfSubtitle(m_currentSubtitle.get());
+    return selection;
+}
+
+QString CTWindowController::editTitle(const char *title)
+{
+    return QCoreApplication::translate("CTWindowController", title);
+}
+
+void CTWindowController::undo()
+{
+    applyHistoryStep(false);
+}
+
+void CTWindowController::redo()
+{
+    applyHistoryStep(true);
+}
+
+void CTWindowController::applyHistoryStep(bool redo)
+{
+    if (redo ? !m_editor->canRedo() : !m_editor->canUndo())
+        return;
+    // Text typed into the field belongs to the step being undone; rows may move.
+    commitTypedText();
+    clearSelection();
+    const std::optional<CueSelection> selection = redo ? m_editor->redo() : m_editor->undo();
+    if (selection) {
+        const SubtitleList &arranged = arrangedSubtitles();
+        QList<qsizetype> rows;
+        for (qsizetype row : selection->rows) {
+            if (row >= 0 && row < m_subtitles.size()) {
+                const qsizetype listed = m_searchString.isEmpty() ? row : arranged.indexOf(m_subtitles[row]);
+                if (listed >= 0)
+                    rows.append(listed);
+            }
+        }
+        // The movie stays where it is: undo puts back lines, not the playback time.
+        const bool oldNoAdjust = m_noAdjust;
+        m_noAdjust = true;
+        const int oldModifiers = m_modifiers;
+        m_modifiers = Settings::shared().boolValue(u"SubtitleNoJump"_s) ? NoModifier : OptionModifier;
+        setSelectionIndices(rows);
+        m_modifiers = oldModifiers;
+        m_noAdjust = oldNoAdjust;
+    }
+    refreshEditorFields();
+    announceEditorFields();
+    updateRangeNotification();
+    if (m_player)
+        m_player->redrawCurrentSubtitle();
+    setHasChanged(!m_editor->isClean());
+}
+
+void CTWindowController::setCueText(qsizetype row, const QString &text)
+{
+    const SubtitleList &cues = arrangedSubtitles();
+    if (row < 0 || row >= cues.size())
+        return;
+    const SubtitlePtr cue = cues[row];
+    if (cue == m_currentSubtitle) {
+        setSubtitleText(text);
+        return;
+    }
+    if (cue->string() == text)
+        return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Typing")));
+    cue->setString(text);
+    markChanged();
+}
+
+void CTWindowController::setCueForced(qsizetype row, bool forced)
+{
+    const SubtitleList &cues = arrangedSubtitles();
+    if (row < 0 || row >= cues.size())
+        return;
+    const SubtitlePtr cue = cues[row];
+    if (cue == m_currentSubtitle) {
+        setForcedState(forced ? 1 : 0);
+        return;
+    }
+    if (cue->forced() == forced)
+        return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Forced")));
+    cue->setForced(forced);
+    markChanged();
+}
+
+void CTWindowController::editWasCapped()
+{
+    logLine(u"Warning: The corrections after an edit did not settle; the edit was taken back"_s);
+    refreshEditorFields();
+    announceEditorFields();
+    updateRangeNotification();
+    if (m_player)
+        m_player->redrawCurrentSubtitle();
+    setHasChanged(!m_editor->isClean());
+    // Told after the current call: the question must not open inside the queue's turn.
+    Prompt prompt;
+    prompt.message = editTitle(QT_TRANSLATE_NOOP(
+        "CTWindowController", "This change leaves the lines after it no room before the next anchor."));
+    prompt.informative = editTitle(QT_TRANSLATE_NOOP(
+        "CTWindowController", "It was taken back. Choose an earlier time, or remove the anchor after it."));
+    prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "OK"))};
+    Prompter::shared().ask(prompt);
 }
 
 void CTWindowController::clearSelection()
@@ -288,6 +427,8 @@ void CTWindowController::commitTypedText()
     if (m_currentSubtitle && m_cueBinding && m_currentSubtitle->string() != m_subtitleText) {
         const bool oldNoAdjust = m_noAdjust;
         m_noAdjust = true;
+        EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Typing")),
+                       typingKey(m_currentSubtitle.get()));
         m_currentSubtitle->setString(m_subtitleText);
         m_noAdjust = oldNoAdjust;
     }
@@ -332,6 +473,7 @@ void CTWindowController::announceEditorFields()
 void CTWindowController::setDuration(double seconds)
 {
     m_duration = seconds;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Duration")));
     // A difference below the field's precision (5 µs) is no edit of the cue.
     if (m_currentSubtitle && !m_noAdjust &&
         std::lround(std::abs(seconds - m_currentSubtitle->duration()) * 100000) != 0)
@@ -343,8 +485,11 @@ void CTWindowController::setDuration(double seconds)
 void CTWindowController::setSubtitleText(const QString &text)
 {
     m_subtitleText = text;
-    if (m_currentSubtitle && !m_noAdjust && m_currentSubtitle->string() != text)
+    if (m_currentSubtitle && !m_noAdjust && m_currentSubtitle->string() != text) {
+        EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Typing")),
+                       typingKey(m_currentSubtitle.get()));
         m_currentSubtitle->setString(text);
+    }
     if (!m_noAdjust)
         markChanged();
 }
@@ -354,6 +499,7 @@ void CTWindowController::setForced(bool forced)
     m_forced = forced;
     if (m_noAdjust || !m_currentSubtitle || m_currentSubtitle->forced() == forced)
         return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Forced")));
     m_currentSubtitle->setForced(forced);
     markChanged();
 }
@@ -429,6 +575,7 @@ void CTWindowController::setForcedState(int state)
         setForced(on);
     } else {
         Q_ASSERT(selectionIsConsistent());
+        EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Forced")));
         bool changed = false;
         for (const SubtitlePtr &cue : selectedCues()) {
             if (cue->forced() != on) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CTLanguage.h"
+#include "CueListEditor.h"
 #include "NotificationCenter.h"
 #include "Observable.h"
 #include "VHSubtitle.h"
@@ -28,9 +29,18 @@ class FolderPermissions;
 // hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath.
 //
 // Threading: main thread only.
-class CTWindowController : public Observable, public PlaybackControlDelegate
+class CTWindowController : public Observable, public PlaybackControlDelegate, private CueListEditorDelegate
 {
 public:
+    // The ways a fix moves the other cues; the values are stored and compared as numbers.
+    enum FixMode : int {
+        NoFixMode = 0, // no current cue
+        FixModeFix = 1,    // stretch between the anchors
+        FixModeShift = 2,  // move the run by the same amount
+        FixModeSingle = 3, // move the current cue alone
+        FixModeTap2Sync = 4,
+    };
+
     static const QString SubLoadedNotification; // "SubLoaded"
 
     // Registers the project's user defaults (both registrations). Safe to call repeatedly.
@@ -292,11 +302,56 @@ public:
 
     bool noVerifying() const { return m_noVerifying; }
 
+    // --- the edit path and undo -------------------------------------------------------------
+    // Every change of the list is one edit: it opens here, collects every cue change that
+    // follows (the neighbour corrections queued after it included) and closes when the main
+    // queue has drained. Scopes nest; the outermost title names the undo step.
+    class EditScope
+    {
+    public:
+        EditScope(CTWindowController &project, const QString &title, quint64 mergeKey = 0)
+            : m_editor(*project.m_editor)
+        {
+            m_editor.beginEdit(title, mergeKey);
+        }
+        ~EditScope() { m_editor.endEdit(); }
+        EditScope(const EditScope &) = delete;
+        EditScope &operator=(const EditScope &) = delete;
+
+    private:
+        CueListEditor &m_editor;
+    };
+    CueListEditor &editor() { return *m_editor; }
+    const CueListEditor &editor() const { return *m_editor; }
+    quint64 revision() const { return m_editor->revision(); }
+    void addCueListObserver(CueListObserver *observer) { m_editor->addObserver(observer); }
+    void removeCueListObserver(CueListObserver *observer) { m_editor->removeObserver(observer); }
+    bool canUndo() const { return m_editor->canUndo(); }
+    bool canRedo() const { return m_editor->canRedo(); }
+    void undo();
+    void redo();
+    // The table's edits of rows other than the current one (rows of the listed cues).
+    void setCueText(qsizetype row, const QString &text);
+    void setCueForced(qsizetype row, bool forced);
+    // Tells the user that an edit's corrections never settled and it was taken back.
+    void editWasCapped();
+
 protected:
     QStringList dependentKeys(const QString &key) const override;
 
 private:
     friend class NoVerifyingScope;
+    // CueListEditorDelegate
+    void cueListWillChange() override;
+    void cueListDidChange() override;
+    CueSelection cueSelection() const override;
+    void applyHistoryStep(bool redo);
+    // Posts a neighbour correction; it does nothing once the project is gone or its edit was
+    // taken back.
+    void postCorrection(std::function<void()> correction);
+    static QString editTitle(const char *title);
+    // Typing into one cue's text joins one undo step.
+    static quint64 typingKey(const VHSubtitle *cue) { return quint64(quintptr(cue)) | 1; }
     void storeSubtitlePath(const QString &path);
     void commitTypedText();
     void bindEditorFields(const SubtitlePtr &cue);
@@ -382,4 +437,6 @@ private:
     std::vector<ScopedObserver> m_cueObservers;
     FixRange m_range;
     RangeDisplay m_rangeDisplay;
+    // Last, so that it goes first: it stops listening to the cues of the list above.
+    std::unique_ptr<CueListEditor> m_editor;
 };

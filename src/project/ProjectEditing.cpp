@@ -7,6 +7,8 @@
 #include "Settings.h"
 #include "VHVideoText.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -108,6 +110,7 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
 {
     if (search.isEmpty())
         return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Replace All")));
     const Qt::CaseSensitivity cs = m_searchCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
     bool anyChanged = false;
     const SubtitleList selected = selectedCues();
@@ -142,6 +145,8 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
 
 void CTWindowController::addSubtitle()
 {
+    EditScope edit(*this, m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Chapter Mark"))
+                                          : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Line")));
     double start = 0;
     qsizetype index = 0;
     if (hasMovie()) {
@@ -170,12 +175,7 @@ void CTWindowController::addSubtitle()
     }
     cue->setFixed(true);
 
-    willChangeValueForKey(u"subtitles"_s);
-    m_subtitles.insert(index, cue);
-    invalidateArranged();
-    didChangeValueForKey(u"subtitles"_s);
-    if (m_player)
-        m_player->setSubtitles(m_subtitles);
+    m_editor->insert(index, {cue});
 
     // The new line must be a row of the table to be selected and edited: a search that
     // would hide it is cleared.
@@ -202,17 +202,19 @@ void CTWindowController::deleteSubtitle()
         return;
     const qsizetype first = m_selection.last() - m_selection.size() + 1;
     Q_ASSERT(selectionIsConsistent());
-    QList<const VHSubtitle *> doomed;
-    for (const SubtitlePtr &cue : selectedCues())
-        doomed.append(cue.get());
+    const qsizetype count = m_selection.size();
+    EditScope edit(*this, count == 1 ? (m_isChaptermark
+                                            ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Chapter Mark"))
+                                            : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Line")))
+                                     : (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController",
+                                                                                      "Delete %1 Chapter Marks"))
+                                                        : editTitle(QT_TRANSLATE_NOOP("CTWindowController",
+                                                                                      "Delete %1 Lines")))
+                                           .arg(count));
+    const QList<qsizetype> doomed = cueSelection().rows;
 
     setSelectionIndices({});
-    willChangeValueForKey(u"subtitles"_s);
-    m_subtitles.removeIf([&](const SubtitlePtr &cue) { return doomed.contains(cue.get()); });
-    invalidateArranged();
-    didChangeValueForKey(u"subtitles"_s);
-    if (m_player)
-        m_player->setSubtitles(m_subtitles);
+    m_editor->removeRows(doomed);
 
     if (m_isChaptermark) {
         if (!m_subtitles.isEmpty()) {
@@ -343,6 +345,7 @@ QString CTWindowController::startFixDuration(double perCharacter, double minimum
 void CTWindowController::adjustDurationPerCharacter(double perCharacter, double minimum, double maximum,
                                                     double gap, bool onlySelected)
 {
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Adjust Durations")));
     const bool old = m_noVerifying;
     m_noVerifying = true;
     // Selected rows name cues of the table's list; the walk goes over the whole list.

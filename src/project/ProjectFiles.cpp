@@ -107,10 +107,17 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         if (chapterMark) {
             addSubtitle();
             setFixMode(defaultFixMode());
+            // The first mark of a new chapter file is where it starts, not an edit to undo.
+            m_editor->restartHistory();
         }
     }
 
     setHasChanged(target != path && !path.isEmpty() && !m_subtitles.isEmpty());
+    // The undo history of the file: kept from an earlier visit when the file is as it was
+    // then saved or loaded.
+    m_editor->adoptHistory(target);
+    if (m_hasChanged)
+        m_editor->markUnsaved();
 
     if (target.isEmpty())
         Settings::shared().remove(u"LastSubtitle"_s);
@@ -168,6 +175,7 @@ bool CTWindowController::saveSubtitleAt(const QString &path)
         return false;
     if (!VHSubtitle::writeSubtitles(m_subtitles, path))
         return false;
+    m_editor->markClean();
     setHasChanged(false);
     return true;
 }
@@ -180,6 +188,7 @@ bool CTWindowController::saveChapterMarkAt(const QString &path)
         return false;
     if (!VHVideoText::writeVideoText(m_subtitles, path))
         return false;
+    m_editor->markClean();
     setHasChanged(false);
     return true;
 }
@@ -334,6 +343,7 @@ void CTWindowController::finishedDownloading(const QString &path)
                     m_view->endSheet(sheets.last(), 0);
             }
             markChanged();
+            m_editor->markUnsaved();
         }));
     setSubtitlePath(file);
     if (!chosen.isEmpty()) {

@@ -21,11 +21,10 @@ void CTWindowController::observeCueNotifications()
             auto *cue = n.objectAs<VHSubtitle>();
             if (m_noVerifying || m_isChaptermark || !cue)
                 return;
-            MainQueue::main().post(
-                [this, handler, alive = std::weak_ptr<void>(m_alive), weak = cue->weak_from_this()] {
-                    if (auto c = weak.lock(); c && !alive.expired())
-                        (this->*handler)(c);
-                });
+            postCorrection([this, handler, weak = cue->weak_from_this()] {
+                if (auto c = weak.lock())
+                    (this->*handler)(c);
+            });
         };
     };
     m_cueObservers.emplace_back(center.addObserver(VHSubtitle::EndGrewNotification, nullptr,
@@ -37,6 +36,15 @@ void CTWindowController::observeCueNotifications()
             if (auto *mark = n.objectAs<VHSubtitle>())
                 videoTextTimeChanged(mark);
         }));
+}
+
+void CTWindowController::postCorrection(std::function<void()> correction)
+{
+    MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), generation = m_editor->correctionGeneration(),
+                            correction = std::move(correction)] {
+        if (!alive.expired() && generation == m_editor->correctionGeneration())
+            correction();
+    });
 }
 
 void CTWindowController::subtitleEndGrew(const SubtitlePtr &cue)
@@ -56,12 +64,12 @@ void CTWindowController::subtitleEndGrew(const SubtitlePtr &cue)
     if (limit < cue->end()) {
         const bool moveStart = limit < cue->start();
         std::weak_ptr<VHSubtitle> weak = cue;
-        MainQueue::main().post([weak, limit] {
+        postCorrection([weak, limit] {
             if (auto c = weak.lock())
                 c->setEnd(limit);
         });
         if (moveStart) {
-            MainQueue::main().post([weak, limit] {
+            postCorrection([weak, limit] {
                 if (auto c = weak.lock())
                     c->setStart(limit);
             });
@@ -84,7 +92,7 @@ void CTWindowController::subtitleStartReduced(const SubtitlePtr &cue)
         limit = previous->end();
     }
     if (cue->start() < limit) {
-        MainQueue::main().post([weak = std::weak_ptr<VHSubtitle>(cue), limit] {
+        postCorrection([weak = std::weak_ptr<VHSubtitle>(cue), limit] {
             if (auto c = weak.lock())
                 c->setStart(limit);
         });

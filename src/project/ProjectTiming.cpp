@@ -70,11 +70,19 @@ void CTWindowController::updateRangeNotification()
         range.endChange < m_movieDuration ? std::optional<double>(range.endChange) : std::nullopt;
 
     const bool hasCurrent = bool(m_currentSubtitle);
+    qsizetype firstFlipped = -1, lastFlipped = -1;
     for (qsizetype n = 0; n < count; ++n) {
         const bool active = hasCurrent && n >= range.first && n <= range.last;
-        if (m_subtitles[n]->active() != active)
+        if (m_subtitles[n]->active() != active) {
             m_subtitles[n]->setActive(active);
+            if (firstFlipped < 0)
+                firstFlipped = n;
+            lastFlipped = n;
+        }
     }
+    // The table dims the lines outside the run: only the lines that changed are drawn again.
+    if (firstFlipped >= 0)
+        m_editor->rowsChanged(firstFlipped, lastFlipped);
     willChangeValueForKey(u"canFix"_s);
     didChangeValueForKey(u"canFix"_s);
 }
@@ -213,6 +221,8 @@ void CTWindowController::fixSubtitleStart()
 {
     if (!m_currentSubtitle || !canFix())
         return;
+    EditScope edit(*this, m_fixMode == 4 ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Tap2Sync"))
+                                         : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix")));
     setStart(m_player->currentTime());
     if (m_fixMode != 4)
         return;
@@ -231,6 +241,7 @@ void CTWindowController::shiftSubtitles()
 {
     if (!m_currentSubtitle)
         return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Shift")));
     setFixMode(2);
     if (canFix())
         setStart(m_player->currentTime());
@@ -241,6 +252,7 @@ void CTWindowController::fixSingleSubtitleStart()
 {
     if (!m_currentSubtitle)
         return;
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix Single Line")));
     setFixMode(3);
     if (canFix())
         setStart(m_player->currentTime());
@@ -264,6 +276,7 @@ void CTWindowController::setStart(double t)
     if (m_fixMode == 4)
         t -= Settings::shared().doubleValue(u"TapDelaySecs"_s);
 
+    EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Start Time")));
     const bool oldNoAdjust = m_noAdjust;
     m_noAdjust = true;
     markChanged();
