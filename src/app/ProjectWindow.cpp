@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -132,6 +133,26 @@ void ProjectWindow::start()
     }
     refreshEditorFields();
     refreshStates();
+}
+
+void ProjectWindow::setRecoveryStore(RecoveryStore *store)
+{
+    m_project->setRecoveryStore(store);
+    if (!store || m_autosaveTimer)
+        return;
+    // Every second: cheap (it compares two numbers) and the interval can change at any time.
+    m_autosaveTimer = new QTimer(this);
+    m_autosaveTimer->setInterval(1000);
+    auto clock = std::make_shared<QElapsedTimer>();
+    clock->start();
+    connect(m_autosaveTimer, &QTimer::timeout, this, [this, clock] {
+        m_project->autosaveTick(clock->elapsed(), CTWindowController::autosaveInterval());
+    });
+    m_autosaveTimer->start();
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state != Qt::ApplicationActive)
+            m_project->writeRecoveryCopy();
+    });
 }
 
 void ProjectWindow::openFiles(const QStringList &paths)
@@ -319,6 +340,7 @@ QWidget *ProjectWindow::buildEditorSide()
     m_textField = new QPlainTextEdit(side);
     m_textField->setMaximumHeight(90);
     m_textField->setTabChangesFocus(true);
+    m_textField->setUndoRedoEnabled(false); // the project undoes the line's edits
     connect(m_textField, &QPlainTextEdit::textChanged, this, [this] {
         const SubtitlePtr &cue = m_project->currentSubtitle();
         const QString text = m_textField->toPlainText();

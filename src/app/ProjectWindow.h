@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+class RecoveryStore;
+
 class CTFixButton;
 class CueItemDelegate;
 class CueTableModel;
@@ -61,6 +63,9 @@ public:
     // Files given on the command line or by the desktop: handled as a drop.
     void openFiles(const QStringList &paths);
     CTWindowController *project() const { return m_project.get(); }
+    // Keeps recovery copies of unsaved changes in the store (the program's; tests leave it
+    // unset): a copy after the autosave interval and whenever the window loses the focus.
+    void setRecoveryStore(RecoveryStore *store);
 
     // Runs a menu command ("saveSubtitle:", "playPause:", ...) if the project enables it.
     void runCommand(const QString &command);
@@ -145,6 +150,7 @@ private:
     void releaseController(PlaybackControl *controller);
 
     std::unique_ptr<CTWindowController> m_project;
+    QTimer *m_autosaveTimer = nullptr;
     std::vector<std::unique_ptr<PlaybackControl>> m_controllers;
     PlaybackControlFactory m_playerFactory;
     PlayerViewOf m_viewOf;

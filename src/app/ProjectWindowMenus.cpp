@@ -74,6 +74,10 @@ void ProjectWindow::buildMenus()
     addCommand(file, u"Quit"_s, u"terminate:"_s, QKeySequence::Quit);
 
     QMenu *edit = menuBar()->addMenu(u"&Edit"_s);
+    addCommand(edit, tr("Undo"), u"undo:"_s, QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QAction *redo = addCommand(edit, tr("Redo"), u"redo:"_s);
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    edit->addSeparator();
     addCommand(edit, u"Add Subtitle Line"_s, u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_I));
     addCommand(edit, u"Delete Subtitle Line"_s, u"deleteSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Backspace));
     edit->addSeparator();
@@ -137,7 +141,11 @@ void ProjectWindow::runCommand(const QString &command)
     commitOpenEditor();
     CTWindowController &p = *m_project;
     PlaybackControl *player = p.movieController();
-    if (command == u"openMovie:"_s) {
+    if (command == u"undo:"_s) {
+        p.undo();
+    } else if (command == u"redo:"_s) {
+        p.redo();
+    } else if (command == u"openMovie:"_s) {
         p.openMovie();
     } else if (command == u"loadSubtitle:"_s || command == u"addSubtitleLanguage:"_s ||
                command == u"editChapterMark:"_s) {
@@ -268,6 +276,19 @@ void ProjectWindow::makePlayButtonFirstResponder()
 
 bool ProjectWindow::eventFilter(QObject *watched, QEvent *event)
 {
+    // Undo and redo in the line's fields undo the project's edits, as anywhere else in the
+    // window: the fields' own undo would only make another edit of the line.
+    if (event->type() == QEvent::ShortcutOverride &&
+        (watched == m_textField || watched == m_startField || watched == m_durationField)) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const QKeySequence pressed(key->keyCombination());
+        for (const QString &command : {u"undo:"_s, u"redo:"_s}) {
+            if (QAction *item = action(command); item && item->shortcuts().contains(pressed)) {
+                event->ignore(); // not taken by the field: the window's item runs
+                return true;
+            }
+        }
+    }
     // Shift and Alt held choose the fix mode (Shift, Single) while they are down.
     if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && isActiveWindow()) {
         const auto *key = static_cast<QKeyEvent *>(event);

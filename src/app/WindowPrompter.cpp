@@ -1,5 +1,7 @@
 #include "WindowPrompter.h"
 
+#include "MainQueue.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QApplication>
@@ -62,6 +64,8 @@ PromptAnswer WindowPrompter::ask(const Prompt &prompt)
     }
     layout->addWidget(buttons);
 
+    // The dialog's event loop must not run work queued behind the change that asks.
+    const MainQueue::HoldScope hold;
     if (dialog.exec() != QDialog::Accepted)
         answered = int(prompt.buttons.size()) - 1;
     PromptAnswer answer;

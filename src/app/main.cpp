@@ -4,6 +4,7 @@
 #include "PlayerWiring.h"
 #include "ProgramOptions.h"
 #include "ProjectWindow.h"
+#include "RecoveryStore.h"
 #include "Settings.h"
 #include "WindowPrompter.h"
 
@@ -42,6 +43,13 @@ int main(int argc, char **argv)
     QStringList files;
     for (const QString &argument : arguments)
         files << QFileInfo(argument).absoluteFilePath();
+    // Unsaved changes a crash or a kill left behind: the copies of files opened now are
+    // offered as they load; the others after that, one after another.
+    RecoveryStore recovery;
+    window.setRecoveryStore(&recovery);
     window.openFiles(files);
-    return app.exec();
+    MainQueue::main().post([&window] { window.project()->offerRecoveries(); });
+    const int status = app.exec();
+    window.setRecoveryStore(nullptr);
+    return status;
 }

@@ -8,10 +8,12 @@
 #include "PlaybackControl.h"
 #include "ProjectView.h"
 #include "Prompter.h"
+#include "RecoveryStore.h"
 #include "Settings.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +47,7 @@ void CTWindowController::registerDefaults()
         {u"TapFixPrev"_s, true},
         {u"AutoOpenSearch"_s, true},
         {u"WindowsLineBreaks"_s, false},
+        {u"AutosaveInterval"_s, 30.0},
     });
     // Exports use the reading encoding until the user picks one of their own.
     const QVariant encoding = settings.value(u"Encoding"_s);
@@ -241,6 +244,8 @@ void CTWindowController::applyHistoryStep(bool redo)
     if (m_player)
         m_player->redrawCurrentSubtitle();
     setHasChanged(!m_editor->isClean());
+    if (!m_hasChanged)
+        removeRecoveryCopy(); // back to the saved file
 }
 
 void CTWindowController::setCueText(qsizetype row, const QString &text)
@@ -637,6 +642,7 @@ bool CTWindowController::canDropSubtitleTryEmbed(bool tryEmbed)
             if (m_hasChanged)
                 return false;
         } else if (answer.button == 1) {
+            removeRecoveryCopy(); // the user let the changes go
             return true;
         } else {
             return false;
@@ -651,6 +657,7 @@ bool CTWindowController::closeProject()
 {
     if (!canDropSubtitleTryEmbed(true))
         return false;
+    removeRecoveryCopy();
     if (m_moviePath.isEmpty()) {
         storeSubtitlePath(QString());
         setBasePath(QString());
@@ -679,4 +686,130 @@ bool CTWindowController::windowShouldClose()
 bool CTWindowController::applicationShouldTerminate()
 {
     return canDropSubtitleTryEmbed(true);
+}
+
+// --- recovery copies ---------------------------------------------------------------------------
+
+double CTWindowController::autosaveInterval()
+{
+    bool ok = false;
+    const double forced = qEnvironmentVariable("CAPTORA_AUTOSAVE_INTERVAL").toDouble(&ok);
+    if (ok && forced >= 0)
+        return forced;
+    const double stored = Settings::shared().doubleValue(u"AutosaveInterval"_s);
+    return stored > 0 ? stored : 30;
+}
+
+void CTWindowController::writeRecoveryCopy()
+{
+    if (!m_recovery || !m_hasChanged || m_editor->isEditOpen())
+        return;
+    const QString path = subtitlePath();
+    if (path.isEmpty() || m_editor->revision() == m_copiedRevision)
+        return;
+    m_recovery->write(path, m_subtitles, m_isChaptermark);
+    m_copiedRevision = m_editor->revision();
+    m_changesWaitingSince.reset();
+}
+
+void CTWindowController::autosaveTick(qint64 nowMs, double intervalSeconds)
+{
+    if (!m_recovery)
+        return;
+    const quint64 revision = m_editor->revision();
+    if (!m_hasChanged || revision == m_copiedRevision) {
+        m_changesWaitingSince.reset();
+        m_seenRevision = revision;
+        return;
+    }
+    if (!m_changesWaitingSince)
+        m_changesWaitingSince = nowMs;
+    m_seenRevision = revision;
+    if (double(nowMs - *m_changesWaitingSince) >= intervalSeconds * 1000)
+        writeRecoveryCopy();
+}
+
+void CTWindowController::removeRecoveryCopy()
+{
+    if (!m_recovery)
+        return;
+    m_recovery->remove(subtitlePath());
+    m_copiedRevision = m_editor->revision();
+    m_changesWaitingSince.reset();
+}
+
+void CTWindowController::offerRecoveryOf(const QString &path)
+{
+    if (!m_recovery || path.isEmpty())
+        return;
+    const auto copy = m_recovery->copyFor(path);
+    if (!copy || copy->chapterMarks != m_isChaptermark)
+        return;
+    if (!m_recoveryOffered.contains(path))
+        m_recoveryOffered.append(path);
+    if (!RecoveryStore::isNewerThanFile(*copy)) {
+        m_recovery->remove(path); // the file was saved after the copy
+        return;
+    }
+    if (m_recoverWithoutAsking != path) {
+        Prompt prompt;
+        prompt.message = editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
+                             .arg(CTFileHelper::lastPathComponent(path),
+                                  QLocale::system().toString(copy->time, QLocale::ShortFormat));
+        prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
+                          editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
+        if (Prompter::shared().ask(prompt).button != 0) {
+            m_recovery->remove(path);
+            return;
+        }
+    }
+    const std::optional<SubtitleList> cues = RecoveryStore::readCopy(*copy, m_fps, m_movieDuration);
+    if (!cues) {
+        logLine(u"Warning: The recovery copy '%1' of '%2' could not be read"_s.arg(copy->copyPath, path));
+        return;
+    }
+    {
+        // One step: undoing it gives back the file as it is on disk.
+        EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover Unsaved Changes")));
+        setSubtitles(*cues);
+    }
+    setHasChanged(true);
+    // The copy stays until the changes are saved or let go.
+    m_copiedRevision = m_editor->revision();
+}
+
+void CTWindowController::offerRecoveries()
+{
+    if (!m_recovery)
+        return;
+    const QList<RecoveryStore::Copy> copies = m_recovery->copies();
+    for (const RecoveryStore::Copy &copy : copies) {
+        if (m_recoveryOffered.contains(copy.path) || copy.path == subtitlePath())
+            continue;
+        // A file of the open movie: offered when it is opened.
+        if (!m_basePath.isEmpty() && CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path) == m_basePath)
+            continue;
+        m_recoveryOffered.append(copy.path);
+        if (!RecoveryStore::isNewerThanFile(copy)) {
+            m_recovery->remove(copy.path);
+            continue;
+        }
+        Prompt prompt;
+        prompt.message = editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
+                             .arg(CTFileHelper::lastPathComponent(copy.path),
+                                  QLocale::system().toString(copy.time, QLocale::ShortFormat));
+        prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
+                          editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
+        if (Prompter::shared().ask(prompt).button != 0) {
+            m_recovery->remove(copy.path);
+            continue;
+        }
+        // The file is opened on its own (it may belong to another movie), and its copy
+        // applied without asking again.
+        if (!closeProject())
+            continue;
+        m_recoverWithoutAsking = copy.path;
+        setSubtitlePath(copy.path, copy.chapterMarks);
+        m_recoverWithoutAsking.clear();
+    }
 }

@@ -17,6 +17,7 @@
 #include "ProjectView.h"
 
 class FolderPermissions;
+class RecoveryStore;
 
 // The project: one movie, the subtitle file being edited for it (one language at a time,
 // or the chapter marks), its cues, the selection, the current cue and the playback time.
@@ -336,6 +337,22 @@ public:
     // Tells the user that an edit's corrections never settled and it was taken back.
     void editWasCapped();
 
+    // --- recovery copies --------------------------------------------------------------------
+    // Where copies of unsaved changes go; none (the default) writes none. Not owned.
+    void setRecoveryStore(RecoveryStore *store) { m_recovery = store; }
+    RecoveryStore *recoveryStore() const { return m_recovery; }
+    // Writes a copy now when there are unsaved changes the last copy does not hold (the
+    // window lost the focus).
+    void writeRecoveryCopy();
+    // Called regularly (every second in the program) with a monotonic clock: writes a copy
+    // once changes have waited `intervalSeconds` since the first of them.
+    void autosaveTick(qint64 nowMs, double intervalSeconds);
+    // Seconds between copies: "AutosaveInterval", or CAPTORA_AUTOSAVE_INTERVAL when set.
+    static double autosaveInterval();
+    // Offers the recovery copies of files other than the open ones, one after another (at
+    // start-up). A copy of a file of the open movie is offered when that file is opened.
+    void offerRecoveries();
+
 protected:
     QStringList dependentKeys(const QString &key) const override;
 
@@ -350,6 +367,16 @@ private:
     // taken back.
     void postCorrection(std::function<void()> correction);
     static QString editTitle(const char *title);
+    // Asks whether to recover the copy of the file just opened, if there is a newer one.
+    void offerRecoveryOf(const QString &path);
+    bool recoverFromCopy(const QString &path);
+    void removeRecoveryCopy();
+    RecoveryStore *m_recovery = nullptr;
+    quint64 m_copiedRevision = 0;
+    quint64 m_seenRevision = 0;
+    std::optional<qint64> m_changesWaitingSince;
+    QStringList m_recoveryOffered;
+    QString m_recoverWithoutAsking;
     // Typing into one cue's text joins one undo step.
     static quint64 typingKey(const VHSubtitle *cue) { return quint64(quintptr(cue)) | 1; }
     void storeSubtitlePath(const QString &path);

@@ -281,7 +281,13 @@ CTWindowController::MenuState CTWindowController::validateMenuItem(const QString
         return state;
     }
     const bool hasBase = !m_basePath.isEmpty();
-    if (command == u"extractAllSubtitles:"_s) {
+    if (command == u"undo:"_s) {
+        state.title = m_editor->undoTitle();
+        state.enabled = m_editor->canUndo();
+    } else if (command == u"redo:"_s) {
+        state.title = m_editor->redoTitle();
+        state.enabled = m_editor->canRedo();
+    } else if (command == u"extractAllSubtitles:"_s) {
         if (m_extractableSubtitles > 0) {
             state.title = m_extractableSubtitles == 1 ? u"Extract 1 Subtitle"_s
                                                       : u"Extract %1 Subtitles"_s.arg(m_extractableSubtitles);

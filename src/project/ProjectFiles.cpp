@@ -128,6 +128,8 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     if (!target.isEmpty() && m_view)
         m_view->makeKeyAndOrderFront();
     updateLanguages();
+    // Unsaved changes to this file that a crash or a kill left behind.
+    offerRecoveryOf(target);
 }
 
 void CTWindowController::loadSubtitle()
@@ -175,6 +177,7 @@ bool CTWindowController::saveSubtitleAt(const QString &path)
         return false;
     if (!VHSubtitle::writeSubtitles(m_subtitles, path))
         return false;
+    removeRecoveryCopy();
     m_editor->markClean();
     setHasChanged(false);
     return true;
@@ -188,6 +191,7 @@ bool CTWindowController::saveChapterMarkAt(const QString &path)
         return false;
     if (!VHVideoText::writeVideoText(m_subtitles, path))
         return false;
+    removeRecoveryCopy();
     m_editor->markClean();
     setHasChanged(false);
     return true;
