@@ -5,9 +5,12 @@
 #include "CTWindowController.h"
 #include "MainQueue.h"
 #include "PlaybackControl.h"
+#include "RecoveryStore.h"
 #include "Settings.h"
 
 #include <benchmark/benchmark.h>
+
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -177,6 +180,74 @@ void BM_Tap2SyncTap(benchmark::State &state)
     }
 }
 BENCHMARK(BM_Tap2SyncTap)->Unit(benchmark::kMillisecond);
+
+// Undo and redo of a Fix that moved every cue of the list (the fix itself is not timed).
+void BM_UndoRedoFix(benchmark::State &state)
+{
+    const bool redo = state.range(0) == 1;
+    Project p;
+    const SubtitlePtr cue = p.project->subtitles()[kMiddle];
+    p.project->setSelectionIndices({kMiddle});
+    p.player.time = cue->start() + 0.5;
+    p.project->fixSubtitleStart();
+    MainQueue::main().drain();
+    if (!p.project->canUndo())
+        state.SkipWithError("no step to undo");
+    for (auto _ : state) {
+        if (redo) {
+            state.PauseTiming();
+            p.project->undo();
+            state.ResumeTiming();
+            p.project->redo();
+        } else {
+            p.project->undo();
+            state.PauseTiming();
+            p.project->redo();
+            state.ResumeTiming();
+        }
+    }
+}
+BENCHMARK(BM_UndoRedoFix)->ArgName("redo")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// An autosave of the whole list: what the GUI thread spends (taking the values) and the
+// whole write on the worker thread, made and written atomically.
+void BM_Autosave(benchmark::State &state)
+{
+    const bool whole = state.range(0) == 1;
+    QTemporaryDir folder;
+    RecoveryStore store(folder.path());
+    Project p;
+    p.project->setRecoveryStore(&store);
+    Settings::shared().setValue(u"LastSubtitle"_s, folder.filePath(u"Film.srt"_s));
+    p.project->setSelectionIndices({kMiddle});
+    int n = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        p.project->setSubtitleText(u"Edit %1"_s.arg(n++));
+        store.waitUntilIdle();
+        state.ResumeTiming();
+        p.project->writeRecoveryCopy();
+        if (whole)
+            store.waitUntilIdle();
+    }
+    store.waitUntilIdle();
+    p.project->setRecoveryStore(nullptr);
+}
+BENCHMARK(BM_Autosave)->ArgName("whole")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// The undo history after 1,000 typing steps, each into another line.
+void BM_HistoryOfTypingSteps(benchmark::State &state)
+{
+    Project p;
+    for (auto _ : state) {
+        for (int step = 0; step < 1000; ++step) {
+            p.project->setSelectionIndices({kMiddle + step % 2});
+            p.project->setSubtitleText(u"Typed %1"_s.arg(step));
+        }
+    }
+    state.counters["history_MB"] = double(p.project->editor().historyBytes()) / (1024.0 * 1024.0);
+}
+BENCHMARK(BM_HistoryOfTypingSteps)->Iterations(1)->Unit(benchmark::kMillisecond);
 } // namespace
 
 BENCHMARK_MAIN();

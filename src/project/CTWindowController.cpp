@@ -753,9 +753,10 @@ void CTWindowController::offerRecoveryOf(const QString &path)
     }
     if (m_recoverWithoutAsking != path) {
         Prompt prompt;
-        prompt.message = editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
-                             .arg(CTFileHelper::lastPathComponent(path),
-                                  QLocale::system().toString(copy->time, QLocale::ShortFormat));
+        prompt.message =
+            editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
+                .arg(CTFileHelper::lastPathComponent(path),
+                     QLocale::system().toString(copy->time, QLocale::ShortFormat));
         prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
                           editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
         if (Prompter::shared().ask(prompt).button != 0) {
@@ -787,7 +788,8 @@ void CTWindowController::offerRecoveries()
         if (m_recoveryOffered.contains(copy.path) || copy.path == subtitlePath())
             continue;
         // A file of the open movie: offered when it is opened.
-        if (!m_basePath.isEmpty() && CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path) == m_basePath)
+        if (!m_basePath.isEmpty() &&
+            CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path) == m_basePath)
             continue;
         m_recoveryOffered.append(copy.path);
         if (!RecoveryStore::isNewerThanFile(copy)) {
@@ -795,9 +797,10 @@ void CTWindowController::offerRecoveries()
             continue;
         }
         Prompt prompt;
-        prompt.message = editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
-                             .arg(CTFileHelper::lastPathComponent(copy.path),
-                                  QLocale::system().toString(copy.time, QLocale::ShortFormat));
+        prompt.message =
+            editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
+                .arg(CTFileHelper::lastPathComponent(copy.path),
+                     QLocale::system().toString(copy.time, QLocale::ShortFormat));
         prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
                           editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
         if (Prompter::shared().ask(prompt).button != 0) {

@@ -145,8 +145,9 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
 
 void CTWindowController::addSubtitle()
 {
-    EditScope edit(*this, m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Chapter Mark"))
-                                          : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Line")));
+    EditScope edit(*this, m_isChaptermark
+                              ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Chapter Mark"))
+                              : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Add Line")));
     double start = 0;
     qsizetype index = 0;
     if (hasMovie()) {
@@ -203,14 +204,14 @@ void CTWindowController::deleteSubtitle()
     const qsizetype first = m_selection.last() - m_selection.size() + 1;
     Q_ASSERT(selectionIsConsistent());
     const qsizetype count = m_selection.size();
-    EditScope edit(*this, count == 1 ? (m_isChaptermark
-                                            ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Chapter Mark"))
-                                            : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Line")))
-                                     : (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController",
-                                                                                      "Delete %1 Chapter Marks"))
-                                                        : editTitle(QT_TRANSLATE_NOOP("CTWindowController",
-                                                                                      "Delete %1 Lines")))
-                                           .arg(count));
+    EditScope edit(
+        *this,
+        count == 1
+            ? (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Chapter Mark"))
+                               : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Line")))
+            : (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete %1 Chapter Marks"))
+                               : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete %1 Lines")))
+                  .arg(count));
     const QList<qsizetype> doomed = cueSelection().rows;
 
     setSelectionIndices({});

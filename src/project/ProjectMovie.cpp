@@ -20,8 +20,8 @@ constexpr double DefaultAspectRatio = 16.0 / 9.0;
 
 QStringList CTWindowController::movieExtensions()
 {
-    return {u"m4v"_s, u"mp4"_s, u"mpg4"_s, u"mov"_s, u"avi"_s, u"vfw"_s, u"mkv"_s, u"divx"_s,
-            u"mpeg"_s, u"mpg"_s, u"wmv"_s, u"webm"_s, u"ts"_s, u"m2ts"_s, u"flv"_s, u"ogv"_s};
+    return {u"m4v"_s,  u"mp4"_s, u"mpg4"_s, u"mov"_s,  u"avi"_s, u"vfw"_s,  u"mkv"_s, u"divx"_s,
+            u"mpeg"_s, u"mpg"_s, u"wmv"_s,  u"webm"_s, u"ts"_s,  u"m2ts"_s, u"flv"_s, u"ogv"_s};
 }
 
 void CTWindowController::openMovie()

@@ -40,7 +40,8 @@ void CTWindowController::observeCueNotifications()
 
 void CTWindowController::postCorrection(std::function<void()> correction)
 {
-    MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive), generation = m_editor->correctionGeneration(),
+    MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive),
+                            generation = m_editor->correctionGeneration(),
                             correction = std::move(correction)] {
         if (!alive.expired() && generation == m_editor->correctionGeneration())
             correction();
