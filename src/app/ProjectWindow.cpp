@@ -104,6 +104,9 @@ ProjectWindow::~ProjectWindow()
     // The table lets go of the rows before the project that holds them goes.
     m_syncingSelection = true;
     m_table->setModel(nullptr);
+    // The model follows the project's rows: it goes while the project is still there.
+    delete m_model;
+    m_model = nullptr;
     // Players stop reporting before the project goes; the project before the players.
     for (const auto &controller : m_controllers)
         controller->setDelegate(nullptr);
