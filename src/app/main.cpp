@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QIcon>
 
 #include <clocale>
 
@@ -25,6 +26,9 @@ int main(int argc, char **argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"Captora"_s);
     QApplication::setOrganizationName(u"Captora"_s);
+    // Ties the window to the installed desktop entry and icon (task bars, Wayland app id).
+    QGuiApplication::setDesktopFileName(u"org.captora.Captora"_s);
+    QApplication::setWindowIcon(QIcon::fromTheme(u"org.captora.Captora"_s));
     // Qt sets the C locale from the environment; the players parse numbers with the C one.
     std::setlocale(LC_NUMERIC, "C");
     installLogHandler();
