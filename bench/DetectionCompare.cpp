@@ -36,11 +36,14 @@ enum class Outcome { Right, Asked, Wrong };
 std::optional<QString> decodeByName(const QByteArray &bytes, QByteArray name)
 {
     name = name.trimmed().toUpper();
-    static const QHash<QByteArray, QByteArray> aliases = {
-        {"MAC-CYRILLIC", "x-mac-cyrillic"}, {"MAC-CENTRALEUROPE", "x-mac-centraleurroman"},
-        {"UHC", "windows-949"},             {"X-ISO-10646-UCS-4-3412", ""},
-        {"X-ISO-10646-UCS-4-2143", ""},     {"ASCII", "US-ASCII"},
-        {"ISO-8859-8-I", "ISO-8859-8"},     {"EUC-TW", "x-euc-tw"}};
+    static const QHash<QByteArray, QByteArray> aliases = {{"MAC-CYRILLIC", "x-mac-cyrillic"},
+                                                          {"MAC-CENTRALEUROPE", "x-mac-centraleurroman"},
+                                                          {"UHC", "windows-949"},
+                                                          {"X-ISO-10646-UCS-4-3412", ""},
+                                                          {"X-ISO-10646-UCS-4-2143", ""},
+                                                          {"ASCII", "US-ASCII"},
+                                                          {"ISO-8859-8-I", "ISO-8859-8"},
+                                                          {"EUC-TW", "x-euc-tw"}};
     const QByteArray converter = aliases.value(name, name);
     if (converter.isEmpty())
         return std::nullopt;
@@ -88,7 +91,8 @@ int main(int argc, char **argv)
         for (const QByteArray &line : answers.readAll().split('\n')) {
             const qsizetype colon = line.lastIndexOf(": ");
             if (colon > 0)
-                uchardet.insert(QDir::cleanPath(QString::fromLocal8Bit(line.left(colon))), line.mid(colon + 2));
+                uchardet.insert(QDir::cleanPath(QString::fromLocal8Bit(line.left(colon))),
+                                line.mid(colon + 2));
         }
     }
 
@@ -151,26 +155,29 @@ int main(int argc, char **argv)
             tally->icuRight += icuText && *icuText == reference;
             tally->uchardetRight += uchardetText && *uchardetText == reference;
         }
+        if (outcome == Outcome::Asked)
+            wrong.append(u"%1 asked"_s.arg(QString::fromUtf8(fields[0])));
         if (outcome == Outcome::Wrong) {
             const VHEncodingChooser::Choice choice = [&] {
                 DecodedFile decoded(bytes, path);
                 return chooser.choose(decoded, 0.6);
             }();
             wrong.append(u"%1 read as %2"_s.arg(QString::fromUtf8(fields[0]),
-                                                 used != Encodings::None ? TextCodec::displayName(used)
-                                                 : choice.best           ? choice.best->name()
-                                                                         : u"?"_s));
+                                                used != Encodings::None ? TextCodec::displayName(used)
+                                                : choice.best           ? choice.best->name()
+                                                                        : u"?"_s));
         }
     }
     ucsdet_close(icu);
 
     const auto percent = [](int part, int whole) { return whole ? 100.0 * part / whole : 0.0; };
-    std::printf("%-16s %6s  %8s %8s %8s  %9s %9s\n", "encoding", "files", "ours", "wrong", "asked", "uchardet",
-                "ICU");
+    std::printf("%-16s %6s  %8s %8s %8s  %9s %9s\n", "encoding", "files", "ours", "wrong", "asked",
+                "uchardet", "ICU");
     const auto row = [&](const char *name, const Tally &t) {
         std::printf("%-16s %6d  %7.1f%% %7.1f%% %7.1f%%  %8.1f%% %8.1f%%\n", name, t.files,
-                    percent(t.oursRight, t.files), percent(t.oursWrong, t.files), percent(t.oursAsked, t.files),
-                    withUchardet ? percent(t.uchardetRight, t.files) : 0.0, percent(t.icuRight, t.files));
+                    percent(t.oursRight, t.files), percent(t.oursWrong, t.files),
+                    percent(t.oursAsked, t.files), withUchardet ? percent(t.uchardetRight, t.files) : 0.0,
+                    percent(t.icuRight, t.files));
     };
     for (const auto &[tag, tally] : byTag)
         row(tag.constData(), tally);
@@ -180,9 +187,10 @@ int main(int argc, char **argv)
     if (withUchardet)
         std::printf(", uchardet %s ms (one program run over all files)", argv[3]);
     std::printf("\n");
-    if (qEnvironmentVariableIsSet("DETECTION_COMPARE_LIST_WRONG")) {
+    // DETECTION_COMPARE_LIST=1 lists the files we read wrong or asked about.
+    if (qEnvironmentVariableIsSet("DETECTION_COMPARE_LIST")) {
         for (const QString &what : std::as_const(wrong))
-            std::printf("wrong: %s\n", qPrintable(what));
+            std::printf("not right: %s\n", qPrintable(what));
     }
     return 0;
 }

@@ -78,6 +78,8 @@ SCRIPTS = {"Russian": "CYRILLIC", "Ukrainian": "CYRILLIC", "Bulgarian": "CYRILLI
            "Arabic": "ARABIC", "Japanese": "CJK", "ChineseSimplified": "CJK", "ChineseTraditional": "CJK",
            "Korean": "HANGUL"}
 
+CHARACTER_TABLES = ("iso_8859", "iso-8859", "iso8859", "latin", "koi8", "cp125", "ascii", "charsets", "armscii",
+                    "unicode", "utf-8", "utf8", "tis-620", "gb18030", "big5", "euc", "jis", "ksc", "mac_")
 HELD_OUT_SHARE = 0.2
 MAX_CHARS = 600_000  # per language, before the split: enough letters, a bounded build
 
@@ -221,7 +223,9 @@ def sources(language):
                     yield os.path.join(folder, name), catalogue_strings
         for root, _, files in sorted(os.walk(f"/usr/share/man/{locale}")):
             for name in sorted(files):
-                yield os.path.join(root, name), man_text
+                # Pages that list the characters of a character set are no language's text.
+                if not name.lower().startswith(CHARACTER_TABLES):
+                    yield os.path.join(root, name), man_text
     for dictionary in dictionaries:
         path = f"/usr/share/hunspell/{dictionary}.dic"
         if os.path.exists(path):
