@@ -120,7 +120,7 @@ LANGUAGES = {
 
 ASCII_WEIGHT = 0.75        # every printable ASCII character, in every rules file
 CONTROL_WEIGHT = -1.0      # C0 controls but tab, line feed, carriage return
-MARGIN = 0.75              # per character beyond ASCII, between right and wrong
+MARGIN = 1.0               # per character beyond ASCII, between right and wrong
 RATIO = 0.6
 LIMIT = 8.0
 EPOCHS = 5
@@ -453,7 +453,7 @@ def write_rules(t, out):
 def main():
     corpus = sys.argv[1]
     out = sys.argv[2] if len(sys.argv) > 2 else os.path.join(ROOT, "resources", "encodings")
-    per_language = int(os.environ.get("RULES_TEXTS_PER_LANGUAGE", "100"))
+    per_language = int(os.environ.get("RULES_TEXTS_PER_LANGUAGE", "150"))
     rng = random.Random(14)
     texts = read_corpus(corpus)
     testers = [Tester(language, tag) for language, (_, tags) in LANGUAGES.items() for tag in tags]
