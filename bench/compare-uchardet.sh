@@ -52,7 +52,11 @@ best_cpu_ms() {
     local best=
     for ((i = 0; i < runs; i++)); do
         local ms
-        ms=$( { /usr/bin/time -f '%U %S' "$@" >/dev/null 2>/dev/null; } 2>&1 | awk '{ printf "%d", ($1 + $2) * 1000 }')
+        local times
+        times=$(mktemp)
+        /usr/bin/time -o "$times" -f '%U %S' "$@" >/dev/null 2>&1 || true
+        ms=$(awk '{ printf "%d", ($1 + $2) * 1000 }' "$times")
+        rm -f "$times"
         [[ -z $best || $ms -lt $best ]] && best=$ms
     done
     echo "$best"

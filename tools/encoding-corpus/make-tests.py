@@ -56,17 +56,22 @@ PLAIN = {"’": "'", "‘": "'", "‚": ",", "“": '"', "”": '"', "„": '"',
 
 
 def encode(text, codec):
-    out = bytearray()
+    """The text in the encoding, characters it lacks by their plain forms, else left out.
+    The text is encoded as a whole: ISO-2022-JP must not switch sets around each character."""
+    def encodable(c):
+        try:
+            c.encode(codec)
+            return True
+        except UnicodeEncodeError:
+            return False
+
+    kept = []
     for c in text:
         for candidate in (c, PLAIN.get(c), unicodedata.normalize("NFKC", c)):
-            if candidate is None:
-                continue
-            try:
-                out += candidate.encode(codec)
+            if candidate is not None and encodable(candidate):
+                kept.append(candidate)
                 break
-            except UnicodeEncodeError:
-                continue
-    return bytes(out)
+    return "".join(kept).encode(codec)
 
 
 def escape(line):
