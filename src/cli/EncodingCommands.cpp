@@ -1,6 +1,7 @@
 #include "CliSupport.h"
 #include "Commands.h"
 
+#include "DecodedFile.h"
 #include "VHEncoding.h"
 #include "VHEncodingChooser.h"
 
@@ -55,9 +56,11 @@ int runDetectEncoding(const QStringList &args)
     parser.addOption({u"log-characters"_s, u"Log each bad character the rules meet (many lines)."_s});
     if (int status = parseArguments(
             parser, args,
-            u"Scores a file with every language's encoding rules and prints the winner, its encoding, its "
-            u"score, the length of the text and whether the score is high enough. Exits 0 when it is, "
-            u"1 when not or when the file cannot be read."_s,
+            u"Finds the text encoding of a file as loading does: a byte-order mark, UTF-16 or UTF-32 "
+            u"by its zero bytes, ISO-2022-JP by its escapes or valid UTF-8 first (printed as "
+            u"\"platform:\"); else it scores the file with every language's encoding rules and prints "
+            u"the winner, its encoding, its score, the length of the text and whether the score is high "
+            u"enough. Exits 0 when the file was read, 1 when not or when it cannot be read."_s,
             u"FILE"_s);
         status >= 0)
         return status;
@@ -78,9 +81,20 @@ int runDetectEncoding(const QStringList &args)
         printError(u"No encoding rules found"_s);
         return ExitFailure;
     }
-    const VHEncodingChooser::Choice choice = chooser.choose(path, ratio);
+    DecodedFile file = DecodedFile::read(path);
+    QString text;
+    EncodingId automatic = Encodings::None;
+    if (!file.readError() && TextCodec::decodeAutomatically(file.bytes(), &text, &automatic) &&
+        !parser.isSet(u"all"_s)) {
+        printOut(
+            (u"platform: "_s + encodingLabel(automatic) + u"\ndecision: read before any rules\n"_s).toUtf8());
+        return ExitOk;
+    }
+    const VHEncodingChooser::Choice choice = chooser.choose(file, ratio);
 
     QString out;
+    if (automatic != Encodings::None)
+        out += u"platform: "_s + encodingLabel(automatic) + u"\n\n"_s;
     if (parser.isSet(u"all"_s)) {
         for (size_t i = 0; i < chooser.testers().size(); ++i) {
             const VHEncodingTester &tester = *chooser.testers()[i];
@@ -102,5 +116,5 @@ int runDetectEncoding(const QStringList &args)
     out += u"decision: "_s + (choice.accepted ? u"accepted"_s : u"rejected"_s) + u" at ratio "_s +
            number(ratio) + u'\n';
     printOut(out.toUtf8());
-    return choice.accepted ? ExitOk : ExitFailure;
+    return choice.accepted || automatic != Encodings::None ? ExitOk : ExitFailure;
 }

@@ -7,6 +7,7 @@
 #include <QStringDecoder>
 #include <QStringEncoder>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -326,6 +327,70 @@ bool TextCodec::encode(const QString &text, EncodingId encoding, QByteArray *byt
     return failWith(error, unsupported(encoding));
 }
 
+namespace {
+// UTF-32 or UTF-16 without a byte-order mark, told from where the zero bytes stand. Text in
+// a byte-oriented encoding has no zero bytes at all, while UTF-16 text has one in every
+// character below U+0100 (the high byte: odd positions little-endian, even ones big-endian)
+// and UTF-32 text two or three per character. The order whose zero bytes all fall on its
+// side, and whose decoding is valid and holds no U+0000, is taken.
+bool decodeByZeroPattern(const QByteArray &bytes, QString *text, EncodingId *used)
+{
+    const qsizetype n = bytes.size();
+    std::array<qsizetype, 4> zeros{}; // zero bytes by position modulo 4
+    for (qsizetype i = 0; i < n; ++i)
+        zeros[i & 3] += bytes[i] == 0;
+    const qsizetype total = zeros[0] + zeros[1] + zeros[2] + zeros[3];
+    if (total == 0)
+        return false;
+    const auto tryDecode = [&](EncodingId encoding) {
+        QString decoded;
+        if (!TextCodec::decode(bytes, encoding, &decoded) || decoded.contains(QChar(0)))
+            return false;
+        *text = std::move(decoded);
+        *used = encoding;
+        return true;
+    };
+    if (n % 4 == 0) {
+        // The top byte of every UTF-32 unit is zero: position 3 little-endian, 0 big-endian.
+        const qsizetype units = n / 4;
+        if (zeros[3] == units && zeros[0] < units && tryDecode(Encodings::UTF32LE))
+            return true;
+        if (zeros[0] == units && zeros[3] < units && tryDecode(Encodings::UTF32BE))
+            return true;
+    }
+    if (n % 2 != 0)
+        return false;
+    // Most zero bytes on one side: at least four in five of them (a character like U+4E00
+    // puts its zero on the other side), and at least one in sixty-four of the characters, as
+    // the line feeds of East-Asian prose give (a few stray zeros in a text in another
+    // encoding are not a pattern).
+    const qsizetype odd = zeros[1] + zeros[3];
+    const qsizetype even = zeros[0] + zeros[2];
+    const qsizetype units = n / 2;
+    if (odd * 64 >= units && even * 5 <= total && tryDecode(Encodings::UTF16LE))
+        return true;
+    if (even * 64 >= units && odd * 5 <= total && tryDecode(Encodings::UTF16BE))
+        return true;
+    return false;
+}
+
+// ISO-2022-JP is seven-bit and so also valid UTF-8: it is told by its escape sequences
+// into the two-byte sets (JIS X 0208 of 1978 and 1983, JIS X 0212).
+bool decodeIso2022Jp(const QByteArray &bytes, QString *text, EncodingId *used)
+{
+    static const QByteArrayView escapes[] = {"\x1B$B", "\x1B$@", "\x1B$(D"};
+    if (!std::any_of(std::begin(escapes), std::end(escapes),
+                     [&](QByteArrayView escape) { return bytes.contains(escape); }))
+        return false;
+    if (std::any_of(bytes.begin(), bytes.end(), [](char byte) { return uchar(byte) >= 0x80; }))
+        return false;
+    if (!TextCodec::decode(bytes, Encodings::ISO2022JP, text))
+        return false;
+    *used = Encodings::ISO2022JP;
+    return true;
+}
+} // namespace
+
 bool TextCodec::decodeAutomatically(const QByteArray &bytes, QString *text, EncodingId *used)
 {
     struct Mark
@@ -352,6 +417,9 @@ bool TextCodec::decodeAutomatically(const QByteArray &bytes, QString *text, Enco
             return true;
         }
     }
+    // Zero bytes and escape sequences first: both kinds of file are also valid UTF-8.
+    if (decodeByZeroPattern(bytes, text, used) || decodeIso2022Jp(bytes, text, used))
+        return true;
     if (decodeStrictUtf8(bytes, text)) {
         *used = Encodings::UTF8;
         return true;

@@ -26,7 +26,9 @@ public:
     static bool encode(const QString &text, EncodingId encoding, QByteArray *bytes, QString *error = nullptr);
 
     // What the loader tries before any guessing: a byte-order mark (UTF-8, UTF-16 LE/BE,
-    // UTF-32 LE/BE), else strictly valid UTF-8. Reports the encoding it used.
+    // UTF-32 LE/BE); else UTF-32 or UTF-16 without a mark, when the zero bytes stand where
+    // one byte order puts them and the decoding is valid; else ISO-2022-JP, when seven-bit
+    // bytes hold its escape sequences; else strictly valid UTF-8. Reports the encoding used.
     static bool decodeAutomatically(const QByteArray &bytes, QString *text, EncodingId *used);
 
     // For an encoding that maps every byte on its own to one UTF-16 code unit: the unit of

@@ -189,4 +189,13 @@ TEST(CliEncodings, DetectEncodingReportsTheWinnerEveryScoreAndBadCharactersOnlyW
     const qsizetype rulesFiles = QDir(resourcePath(u"encodings"_s)).entryList({u"*.encoding"_s}, QDir::Files).size();
     EXPECT_EQ(QString::fromUtf8(all.out).section(u"\n\n"_s, 0, 0).split(u'\n').size(), rulesFiles);
     EXPECT_TRUE(all.err.contains("Character '"));
+
+    // Unicode without a byte-order mark is read as loading reads it, before any rules.
+    QByteArray utf16;
+    ASSERT_TRUE(
+        TextCodec::encode(u"1\n00:00:01,000 --> 00:00:02,000\nПривет, мир.\n"_s, Encodings::UTF16LE, &utf16));
+    const CliRun unicode = cli({u"detect-encoding"_s, dir.write(u"utf16.srt"_s, utf16)});
+    EXPECT_EQ(unicode.status, 0);
+    EXPECT_EQ(unicode.out, "platform: UTF-16 Little Endian (" + QByteArray::number(Encodings::UTF16LE) +
+                               ")\ndecision: read before any rules\n");
 }

@@ -21,8 +21,8 @@ using namespace Encodings;
 
 // Languages (tests/data/encoding/texts/<language>.txt) by the code pages their subtitles come in.
 const std::pair<QStringList, std::vector<EncodingId>> kLanguages[] = {
-    {{u"English"_s, u"French"_s, u"German"_s, u"Spanish"_s, u"Italian"_s, u"Portuguese"_s, u"Dutch"_s, u"Swedish"_s,
-      u"Danish"_s, u"Norwegian"_s},
+    {{u"English"_s, u"French"_s, u"German"_s, u"Spanish"_s, u"Italian"_s, u"Portuguese"_s, u"Dutch"_s,
+      u"Swedish"_s, u"Danish"_s, u"Norwegian"_s},
      {WindowsCP1252, ISOLatin1, MacRoman}},
     {{u"Polish"_s, u"Czech"_s, u"Slovak"_s, u"Hungarian"_s, u"Croatian"_s, u"Romanian"_s, u"Slovenian"_s},
      {WindowsCP1250, ISOLatin2}},
@@ -116,8 +116,8 @@ TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
             ASSERT_GE(dialogue.size(), 30) << language.toStdString();
             // Short files of three cues, medium ones of fifteen, and a long one; half of the
             // files get Windows line breaks.
-            const std::pair<qsizetype, qsizetype> windows[] = {{0, 3},   {9, 3},  {18, 3}, {27, 3},
-                                                               {0, 15}, {15, 15}, {0, dialogue.size() * 4}};
+            const std::pair<qsizetype, qsizetype> windows[] = {
+                {0, 3}, {9, 3}, {18, 3}, {27, 3}, {0, 15}, {15, 15}, {0, dialogue.size() * 4}};
             for (const EncodingId encoding : encodings) {
                 for (const auto &[first, count] : windows) {
                     QString text = subRip(dialogue, first, count, ++total % 2 == 0);
@@ -159,5 +159,51 @@ TEST(DetectionAccuracy, ChoosesTheRightDecodingForSubtitlesInEveryCodePage)
 
     EXPECT_GE(double(right), 0.97 * total);
     EXPECT_TRUE(otherScript.isEmpty()) << qPrintable(otherScript.join(u'\n'));
+}
+// What subtitle dialogue alone does not show: the languages of ISO Latin 3 and 4, and texts
+// whose letters are few among markup, numbers and Latin names (a web page, an XML file):
+// there every decoding shares the ASCII, and the few letters beyond it must decide.
+TEST(DetectionAccuracy, LatinThreeAndFourAndTextsHeavyWithMarkup)
+{
+    QLoggingCategory::setFilterRules(u"captora.encoding.characters=false"_s);
+    const VHEncodingChooser &chooser = VHEncodingChooser::sharedEncodingChooser();
+    const std::pair<QString, EncodingId> lines[] = {
+        {u"Ġejt id-dar għax kont għajjien ħafna. Iċ-ċavetta qiegħda fuq il-mejda."_s, ISOLatin3},
+        {u"Ĉu vi ŝatus iri al la ĝardeno? Ĝi estas tre bela ĉi-vespere, ankaŭ por ni."_s, ISOLatin3},
+        {u"Yarın sabah İstanbul'a gidiyoruz; bavulları hazırladın mı? Çok geç kalmayalım."_s, ISOLatin3},
+        {u"Ma ei tea, kus ta praegu on. Võib-olla läks ta õhtul jõe äärde jalutama."_s, ISOLatin4},
+        {u"Mēs nevaram šeit palikt. Vilciens atiet deviņos, un ceļš ir garš."_s, ISOLatin4},
+        {u"Kur tu buvai vakar vakare? Aš tau skambinau tris kartus, bet niekas neatsiliepė."_s, ISOLatin4},
+    };
+    const std::pair<QString, EncodingId> pages[] = {
+        {u"Bulgarian"_s, ISOLatinCyrillic}, {u"Bulgarian"_s, WindowsCP1251}, {u"Russian"_s, MacCyrillic},
+        {u"Greek"_s, ISOLatinGreek},        {u"Hebrew"_s, ISOLatinHebrew},   {u"Polish"_s, ISOLatin2},
+    };
+    std::vector<std::pair<QString, EncodingId>> texts;
+    for (const auto &[line, encoding] : lines)
+        texts.emplace_back(subRip(QStringList{line}, 0, 2, false), encoding);
+    for (const auto &[language, encoding] : pages) {
+        // A few lines of text in a page of markup ten times their length.
+        QString page = u"<!DOCTYPE html>\n<html><head><meta charset=\"x\"><link rel=\"stylesheet\" "
+                       u"href=\"/css/site.css?v=3\"><script src=\"/js/app.js\"></script></head><body>\n"_s;
+        const QStringList dialogue = dialogueOf(language);
+        for (qsizetype i = 0; i < 3; ++i)
+            page += u"<div class=\"row item-%1\"><a href=\"https://example.org/item/%1?ref=list&amp;page=2\" "
+                    u"title=\"item %1\">%1</a> <span class=\"text\">%2</span></div>\n"_s.arg(i)
+                        .arg(dialogue.at(i));
+        texts.emplace_back(page + u"</body></html>\n"_s, encoding);
+    }
+
+    TempDir dir;
+    int n = 0;
+    for (const auto &[text, encoding] : texts) {
+        QByteArray bytes;
+        ASSERT_TRUE(TextCodec::encode(text, encoding, &bytes)) << text.toStdString();
+        const VHEncodingChooser::Choice choice = chooser.choose(dir.write(u"%1.txt"_s.arg(++n), bytes), 0.6);
+        EXPECT_TRUE(choice.accepted) << text.toStdString();
+        EXPECT_EQ(choice.text.value_or(QString()), text)
+            << "in " << TextCodec::displayName(encoding).toStdString() << " read by "
+            << (choice.best ? choice.best->name().toStdString() : "none");
+    }
 }
 } // namespace

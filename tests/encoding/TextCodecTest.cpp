@@ -1,5 +1,5 @@
-#include "TestSupport.h"
 #include "TextCodec.h"
+#include "TestSupport.h"
 #include "VHEncoding.h"
 
 #include <gtest/gtest.h>
@@ -22,20 +22,23 @@ TEST(TextCodecRoundTrip, EveryCatalogueRowConvertsItsScriptBothWays)
 {
     // The first sample whose key the row's name contains.
     const std::pair<QString, QString> samples[] = {
-        {u"Chinese Trad"_s, u"我們沒時間了。"_s}, {u"Chinese"_s, u"我们没时间了。"_s}, {u"Japanese"_s, u"時間がない。カメラ"_s},
-        {u"Korean"_s, u"시간이 없어."_s},        {u"Cyrillic"_s, u"Нет времени."_s}, {u"Greek"_s, u"Δεν έχουμε χρόνο."_s},
-        {u"Hebrew"_s, u"אין לנו זמן."_s},        {u"Latin 2"_s, u"Żółć, přítel."_s}, {u"CP1250"_s, u"Żółć, přítel."_s},
-        {u"Latin 5"_s, u"Şimdi ığdır."_s},       {u"CP1254"_s, u"Şimdi ığdır."_s},   {u"Latin 3"_s, u"Ĉu ĝi?"_s},
-        {u"Latin 4"_s, u"Ūdens ļoti."_s},        {QString(), u"Déjà vu, naïve café."_s}};
+        {u"Chinese Trad"_s, u"我們沒時間了。"_s}, {u"Chinese"_s, u"我们没时间了。"_s},
+        {u"Japanese"_s, u"時間がない。カメラ"_s}, {u"Korean"_s, u"시간이 없어."_s},
+        {u"Cyrillic"_s, u"Нет времени."_s},       {u"Greek"_s, u"Δεν έχουμε χρόνο."_s},
+        {u"Hebrew"_s, u"אין לנו זמן."_s},         {u"Latin 2"_s, u"Żółć, přítel."_s},
+        {u"CP1250"_s, u"Żółć, přítel."_s},        {u"Latin 5"_s, u"Şimdi ığdır."_s},
+        {u"CP1254"_s, u"Şimdi ığdır."_s},         {u"Latin 3"_s, u"Ĉu ĝi?"_s},
+        {u"Latin 4"_s, u"Ūdens ļoti."_s},         {QString(), u"Déjà vu, naïve café."_s}};
     int rows = 0;
     for (const VHEncoding &row : VHEncoding::catalogue()) {
         if (row.isSeparator() || row.codePage() == None)
             continue;
         ++rows;
         EXPECT_TRUE(TextCodec::isSupported(row.codePage())) << row.name().toStdString();
-        const QString text = std::find_if(std::begin(samples), std::end(samples), [&](const auto &s) {
-                                 return row.name().contains(s.first);
-                             })->second + u" Time, 9:00"_s;
+        const QString text = std::find_if(std::begin(samples), std::end(samples),
+                                          [&](const auto &s) { return row.name().contains(s.first); })
+                                 ->second +
+                             u" Time, 9:00"_s;
         QByteArray bytes;
         QString back;
         ASSERT_TRUE(TextCodec::encode(text, row.codePage(), &bytes)) << row.name().toStdString();
@@ -55,24 +58,39 @@ TEST(TextCodecEncoding, TextsBecomeTheBytesOtherWritersProduceOrFail)
         EncodingId encoding;
         std::optional<QByteArray> bytes;
     } cases[] = {
-        {u"Привет"_s, KOI8R, hex("f0d2c9d7c5d4")},        {u"Ґанок і їжак"_s, KOI8U, hex("bdc1cecfcb20a620a7d6c1cb")},
-        {u"日本語"_s, ShiftJIS, hex("93fa967b8cea")},     {u"日本"_s, JapaneseEUC, hex("c6fccbdc")},
-        {u"日本"_s, ISO2022JP, hex("1b2442467c4b5c1b2842")}, {u"한글"_s, WindowsKoreanJohab, hex("d0658b69")},
-        {u"한국"_s, EUCKR, hex("c7d1b1b9")},              {u"한국어"_s, DOSKorean, hex("c7d1b1b9beee")},
-        {u"中文€"_s, GB18030, hex("d6d0cec4a2e3")},       {u"中文"_s, DOSChineseTrad, hex("a4a4a4e5")},
-        {u"שלום"_s, WindowsHebrew, hex("f9ece5ed")},      {u"مرحبا"_s, WindowsArabic, hex("e3d1cdc8c7")},
-        {u"Ελλάδα"_s, DOSGreek, hex("84a2a2e19b98")},     {u"Ελλάδα"_s, MacGreek, hex("b6ececc0e4e1")},
-        {u"Œuvre €"_s, ISOLatin9, hex("bc7576726520a4")}, {u"Ăști"_s, ISOLatin10, hex("c3ba7469")},
-        {u"é€"_s, WindowsCP1252, hex("e980")},            {u"Hi €"_s, UTF7, "Hi +IKw-"},
+        {u"Привет"_s, KOI8R, hex("f0d2c9d7c5d4")},
+        {u"Ґанок і їжак"_s, KOI8U, hex("bdc1cecfcb20a620a7d6c1cb")},
+        {u"日本語"_s, ShiftJIS, hex("93fa967b8cea")},
+        {u"日本"_s, JapaneseEUC, hex("c6fccbdc")},
+        {u"日本"_s, ISO2022JP, hex("1b2442467c4b5c1b2842")},
+        {u"한글"_s, WindowsKoreanJohab, hex("d0658b69")},
+        {u"한국"_s, EUCKR, hex("c7d1b1b9")},
+        {u"한국어"_s, DOSKorean, hex("c7d1b1b9beee")},
+        {u"中文€"_s, GB18030, hex("d6d0cec4a2e3")},
+        {u"中文"_s, DOSChineseTrad, hex("a4a4a4e5")},
+        {u"שלום"_s, WindowsHebrew, hex("f9ece5ed")},
+        {u"مرحبا"_s, WindowsArabic, hex("e3d1cdc8c7")},
+        {u"Ελλάδα"_s, DOSGreek, hex("84a2a2e19b98")},
+        {u"Ελλάδα"_s, MacGreek, hex("b6ececc0e4e1")},
+        {u"Œuvre €"_s, ISOLatin9, hex("bc7576726520a4")},
+        {u"Ăști"_s, ISOLatin10, hex("c3ba7469")},
+        {u"é€"_s, WindowsCP1252, hex("e980")},
+        {u"Hi €"_s, UTF7, "Hi +IKw-"},
         // Our own tables.
-        {u"é fi"_s, NeXTSTEP, hex("dd206669")}, {u"אב ₪"_s, MacHebrew, hex("e0e120a6")},
+        {u"é fi"_s, NeXTSTEP, hex("dd206669")},
+        {u"אב ₪"_s, MacHebrew, hex("e0e120a6")},
         // Non-lossy ASCII: \uXXXX for everything outside ASCII, a backslash doubled.
         {u"a\\é"_s, NonLossyASCII, "a\\\\\\u00e9"},
         // Unicode without endianness: a byte-order mark, then little-endian.
-        {u"h"_s, UTF16, hex("fffe6800")}, {u"h"_s, UTF32, hex("fffe000068000000")},
+        {u"h"_s, UTF16, hex("fffe6800")},
+        {u"h"_s, UTF32, hex("fffe000068000000")},
         // Characters the encoding lacks.
-        {u"Ж"_s, WindowsCP1252, {}}, {u"€"_s, ISOLatin1, {}}, {u"한"_s, ShiftJIS, {}},
-        {u"ش"_s, MacHebrew, {}},     {u"Ж"_s, NeXTSTEP, {}},  {QString(QChar(0xD800)), UTF8, {}},
+        {u"Ж"_s, WindowsCP1252, {}},
+        {u"€"_s, ISOLatin1, {}},
+        {u"한"_s, ShiftJIS, {}},
+        {u"ش"_s, MacHebrew, {}},
+        {u"Ж"_s, NeXTSTEP, {}},
+        {QString(QChar(0xD800)), UTF8, {}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.encoding);
@@ -103,18 +121,27 @@ TEST(TextCodecDecoding, ReadsWhatTheEncodingAllowsAndFailsOnAnythingElse)
         {hex("ddae"), NeXTSTEP, u"éﬁ"_s},
         {"a\\\\\\u00e9\\351", NonLossyASCII, u"a\\éé"_s},
         // Unicode without endianness reads the byte-order mark, else little-endian.
-        {hex("feff00680069"), UTF16, u"hi"_s},     {hex("fffe68006900"), UTF16, u"hi"_s},
-        {hex("68006900"), UTF16, u"hi"_s},         {hex("0000feff00000068"), UTF32, u"h"_s},
-        {hex("68000000"), UTF32, u"h"_s},          {"caf\xC3(", UTF8, {}},
+        {hex("feff00680069"), UTF16, u"hi"_s},
+        {hex("fffe68006900"), UTF16, u"hi"_s},
+        {hex("68006900"), UTF16, u"hi"_s},
+        {hex("0000feff00000068"), UTF32, u"h"_s},
+        {hex("68000000"), UTF32, u"h"_s},
+        {"caf\xC3(", UTF8, {}},
         {"\x81", ShiftJIS, {}}, // lead byte without its trail
-        {"\xA1", JapaneseEUC, {}},                 {"\x81 ", GB18030, {}},
+        {"\xA1", JapaneseEUC, {}},
+        {"\x81 ", GB18030, {}},
         {"\xA1", ISOLatinHebrew, {}}, // unassigned
-        {"\xD2", WindowsCP1253, {}},  {"\xFF", WindowsCP1253, {}}, {"\xFE", NeXTSTEP, {}}, {"\xC0", MacHebrew, {}},
+        {"\xD2", WindowsCP1253, {}},
+        {"\xFF", WindowsCP1253, {}},
+        {"\xFE", NeXTSTEP, {}},
+        {"\xC0", MacHebrew, {}},
         {"caf\xE9", NonLossyASCII, {}}, // not ASCII
         {"abc", UTF16LE, {}},           // odd length
         {hex("00d84100"), UTF16LE, {}}, // lone surrogate
-        {"\xA4", DOSChineseTrad, {}}, {"\x84\x44\x84", WindowsKoreanJohab, {}},
-        {"abc", None, {}},            {"abc", 123456, {}}, // no converter
+        {"\xA4", DOSChineseTrad, {}},
+        {"\x84\x44\x84", WindowsKoreanJohab, {}},
+        {"abc", None, {}},
+        {"abc", 123456, {}}, // no converter
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.bytes.toHex().toStdString() + " in " + std::to_string(c.encoding));
@@ -130,8 +157,12 @@ TEST(TextCodecDecoding, ReadsWhatTheEncodingAllowsAndFailsOnAnythingElse)
 TEST(TextCodecAutomatic, ByteOrderMarksThenStrictUtf8AndNothingElse)
 {
     const std::pair<QByteArray, EncodingId> cases[] = {
-        {hex("efbbbf6869"), UTF8},  {hex("fffe00006800000069000000"), UTF32}, {hex("0000feff0000006800000069"), UTF32},
-        {hex("fffe68006900"), UTF16}, {hex("feff00680069"), UTF16},               {"hi", UTF8},
+        {hex("efbbbf6869"), UTF8},
+        {hex("fffe00006800000069000000"), UTF32},
+        {hex("0000feff0000006800000069"), UTF32},
+        {hex("fffe68006900"), UTF16},
+        {hex("feff00680069"), UTF16},
+        {"hi", UTF8},
     };
     for (const auto &[bytes, encoding] : cases) {
         QString text;
@@ -144,6 +175,65 @@ TEST(TextCodecAutomatic, ByteOrderMarksThenStrictUtf8AndNothingElse)
     EncodingId used = None;
     EXPECT_FALSE(TextCodec::decodeAutomatically("caf\xE9", &text, &used));
     EXPECT_FALSE(TextCodec::decodeAutomatically(hex("efbbbf636166e9"), &text, &used));
+}
+
+// Real dialogue in Unicode without a byte-order mark, and Japanese in ISO-2022-JP: the
+// loader reads them before any guessing, from where the zero bytes or the escapes stand.
+TEST(TextCodecAutomatic, UnicodeWithoutMarkByItsZeroBytesAndIso2022JpByItsEscapes)
+{
+    const QString languages[] = {u"English"_s, u"French"_s,   u"Russian"_s,           u"Greek"_s,
+                                 u"Hebrew"_s,  u"Japanese"_s, u"ChineseSimplified"_s, u"Korean"_s};
+    for (const QString &language : languages) {
+        // As a subtitle file: the cue numbers and times are ASCII, as in every real one.
+        const QStringList lines =
+            QString::fromUtf8(fixtureBytes(u"encoding"_s, u"texts/"_s + language + u".txt"_s)).split(u'\n');
+        QString text;
+        for (qsizetype i = 0; i < 12 && i < lines.size(); ++i)
+            text += u"%1\n00:00:%2,000 --> 00:00:%3,500\n%4\n\n"_s.arg(i + 1)
+                        .arg(i * 3 + 10)
+                        .arg(i * 3 + 11)
+                        .arg(lines[i]);
+        // And as plain lines of text only, where only the spaces and punctuation are ASCII.
+        const QString prose = lines.mid(0, 6).join(u'\n');
+        for (const QString &sample : {text, prose}) {
+            for (const EncodingId encoding : {UTF16LE, UTF16BE, UTF32LE, UTF32BE}) {
+                QByteArray bytes;
+                ASSERT_TRUE(TextCodec::encode(sample, encoding, &bytes));
+                QString decoded;
+                EncodingId used = None;
+                EXPECT_TRUE(TextCodec::decodeAutomatically(bytes, &decoded, &used))
+                    << language.toStdString() << " in " << encoding;
+                EXPECT_EQ(used, encoding) << language.toStdString();
+                EXPECT_EQ(decoded, sample) << language.toStdString() << " in " << encoding;
+            }
+        }
+        if (language == u"Japanese"_s) {
+            QByteArray bytes;
+            ASSERT_TRUE(TextCodec::encode(text, ISO2022JP, &bytes));
+            ASSERT_TRUE(bytes.contains("\x1B$B"));
+            QString decoded;
+            EncodingId used = None;
+            EXPECT_TRUE(TextCodec::decodeAutomatically(bytes, &decoded, &used));
+            EXPECT_EQ(used, ISO2022JP);
+            EXPECT_EQ(decoded, text);
+        }
+    }
+
+    QString text;
+    EncodingId used = None;
+    // Seven-bit text with an escape that starts no two-byte set stays UTF-8.
+    EXPECT_TRUE(TextCodec::decodeAutomatically("\x1B[1mbold\x1B[0m caf\x1B(B", &text, &used));
+    EXPECT_EQ(used, UTF8);
+    // Zero bytes on both sides, or too few of them, are no pattern: a Latin-1 text with one
+    // stray zero, a binary file.
+    EXPECT_FALSE(TextCodec::decodeAutomatically(QByteArray("Ol\xE1, est\xE1s bien? S\xED, gracias\0", 24),
+                                                &text, &used));
+    QByteArray binary;
+    for (int i = 0; i < 512; ++i)
+        binary.append(char(i % 3 == 0 ? 0 : 0x80 + i % 97));
+    EXPECT_FALSE(TextCodec::decodeAutomatically(binary, &text, &used));
+    // UTF-16 with a lone surrogate is not valid, whatever its zero bytes say.
+    EXPECT_FALSE(TextCodec::decodeAutomatically(hex("680069000ad8200068006900"), &text, &used));
 }
 
 // The detector scores single-byte code pages from these tables.
@@ -162,16 +252,18 @@ TEST(TextCodecTables, OnlySingleByteEncodingsHaveAByteTable)
 // disturb each other.
 TEST(TextCodecThreads, ConcurrentConversionsGiveTheSameResults)
 {
-    const std::pair<QString, EncodingId> work[] = {{u"日本語のテキスト"_s, ShiftJIS}, {u"Привет, мир"_s, KOI8R},
-                                                   {u"한국어 텍스트"_s, WindowsKoreanJohab}, {u"中文文本"_s, GB18030},
+    const std::pair<QString, EncodingId> work[] = {{u"日本語のテキスト"_s, ShiftJIS},
+                                                   {u"Привет, мир"_s, KOI8R},
+                                                   {u"한국어 텍스트"_s, WindowsKoreanJohab},
+                                                   {u"中文文本"_s, GB18030},
                                                    {u"Ελληνικά"_s, WindowsCP1253}};
     auto run = [&work] {
         for (int round = 0; round < 300; ++round) {
             for (const auto &[text, encoding] : work) {
                 QByteArray bytes;
                 QString back;
-                if (!TextCodec::encode(text, encoding, &bytes) || !TextCodec::decode(bytes, encoding, &back) ||
-                    back != text)
+                if (!TextCodec::encode(text, encoding, &bytes) ||
+                    !TextCodec::decode(bytes, encoding, &back) || back != text)
                     return false;
             }
         }
