@@ -5,6 +5,7 @@
 #include "Observable.h"
 #include "VHSubtitle.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 
@@ -30,6 +31,9 @@ class FolderPermissions;
 // Threading: main thread only.
 class CTWindowController : public Observable, public PlaybackControlDelegate
 {
+    // Titles and questions go through the translation tables (the CLI loads none: English).
+    Q_DECLARE_TR_FUNCTIONS(CTWindowController)
+
 public:
     static const QString SubLoadedNotification; // "SubLoaded"
 
@@ -322,8 +326,6 @@ private:
     void fillAudioMenu();
     void showAudioMenu();
     qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
-    QString fileNoun() const;
-    QString itemNoun() const;
 
     ProjectView *m_view;
     PlaybackControl *m_player;
