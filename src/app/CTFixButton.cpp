@@ -29,7 +29,10 @@ void CTFixButton::setFixMode(int mode)
     if (mode == m_fixMode)
         return;
     m_fixMode = mode;
-    m_title = mode == 2 ? u"Shift"_s : mode == 3 ? u"Single"_s : mode == 4 ? u"Tap"_s : u"Fix"_s;
+    m_title = mode == 2   ? tr("Shift", "fix mode")
+              : mode == 3 ? tr("Single", "fix mode")
+              : mode == 4 ? tr("Tap", "fix mode in Tap2Sync")
+                          : tr("Fix", "fix mode");
     // Only Tap2Sync hands the keyboard to the control.
     setFocusPolicy(mode == 4 ? Qt::StrongFocus : Qt::NoFocus);
     updateText();

@@ -3,6 +3,7 @@
 #include "Observable.h"
 
 #include <QAbstractTableModel>
+#include <QCoreApplication>
 
 class CTWindowController;
 
@@ -12,6 +13,8 @@ class CTWindowController;
 // so a list of 100,000 cues costs nothing until rows are drawn.
 class CueTableModel final : public QAbstractTableModel
 {
+    Q_DECLARE_TR_FUNCTIONS(CueTableModel)
+
 public:
     enum Column { StartColumn, DurationColumn, TextColumn, ForcedColumn, ColumnCount };
 
