@@ -1,4 +1,5 @@
 #include "CTWindowController.h"
+#include "InterfaceLanguage.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlayerWiring.h"
@@ -30,6 +31,8 @@ int main(int argc, char **argv)
     const QStringList arguments = applyProgramOptions(app.arguments());
     MainQueue::main().attachToEventLoop();
     Settings::shared().useUserSettings();
+    // Before any window or text is made: menus, tables and questions take their texts once.
+    const auto translators = InterfaceLanguage::installForApplication();
 
     ProjectWindow window;
     WindowPrompter prompter(&window);
