@@ -357,7 +357,7 @@
     </message>
     <message>
         <source>Play</source>
-        <translation>Воспроизвести</translation>
+        <translation>Пуск</translation>
     </message>
     <message>
         <source>Start</source>
@@ -421,7 +421,7 @@ Please Open this folder in the upcoming window. (Make sure you have write permis
     <name>ProjectWindow</name>
     <message>
         <source>Play</source>
-        <translation>Воспроизвести</translation>
+        <translation>Пуск</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -441,7 +441,7 @@ Please Open this folder in the upcoming window. (Make sure you have write permis
     </message>
     <message>
         <source>Full Screen</source>
-        <translation>Во весь экран</translation>
+        <translation>Полный экран</translation>
     </message>
     <message>
         <source>Search</source>
@@ -823,7 +823,7 @@ Do you want to continue?</source>
     </message>
     <message>
         <source>Play</source>
-        <translation>Воспроизвести</translation>
+        <translation>Пуск</translation>
     </message>
     <message>
         <source>Subtitles</source>
@@ -835,7 +835,7 @@ Do you want to continue?</source>
     </message>
     <message>
         <source>Full Screen</source>
-        <translation>Во весь экран</translation>
+        <translation>Полный экран</translation>
     </message>
     <message>
         <source>Pause</source>

@@ -152,7 +152,10 @@ QWidget *ProjectWindow::buildMovieSide()
 
     auto *bar = new QHBoxLayout;
     m_playButton = new QPushButton(tr("Play"), side);
-    m_playButton->setMaximumWidth(m_playButton->fontMetrics().horizontalAdvance(tr("Pause")) + 32);
+    // Wide enough for either title, whichever is longer in the interface language.
+    const QFontMetrics playMetrics = m_playButton->fontMetrics();
+    m_playButton->setMaximumWidth(
+        std::max(playMetrics.horizontalAdvance(tr("Play")), playMetrics.horizontalAdvance(tr("Pause"))) + 32);
     connect(m_playButton, &QPushButton::clicked, this, [this] { runCommand(u"playPause:"_s); });
     bar->addWidget(m_playButton);
     const QStringList stepTitles = {u"−5"_s, u"−1"_s, u"+1"_s, u"+5"_s};
