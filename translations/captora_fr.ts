@@ -34,24 +34,24 @@
     <message>
         <source>%1 Subtitle</source>
         <comment>a subtitle file in a language</comment>
-        <translation>Sous-titres %1</translation>
+        <translation>Sous-titres en %1</translation>
     </message>
 </context>
 <context>
     <name>CTSubtitleEmbedder</name>
     <message>
         <source>Embedding Subtitles into %1</source>
-        <translation>Intégration des sous-titres dans « %1 »</translation>
+        <translation>Intégration des sous-titres dans «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>Failed: %1 exists</source>
-        <translation>Échec : %1 existe déjà</translation>
+        <translation>Échec&#xa0;: %1 existe déjà</translation>
     </message>
     <message>
         <source>The movie &apos;%1&apos; is damaged: %2.
  Do you want to continue embedding what can be read?</source>
-        <translation>Le film « %1 » est endommagé : %2.
- Voulez-vous poursuivre l’intégration de ce qui peut être lu ?</translation>
+        <translation>Le film «&#xa0;%1&#xa0;» est endommagé&#xa0;: %2.
+ Voulez-vous poursuivre l’intégration de ce qui peut être lu&#xa0;?</translation>
     </message>
     <message>
         <source>Continue</source>
@@ -64,12 +64,12 @@
     <message>
         <source>Subtitle &apos;%1&apos; cannot be embedded (file or structure broken).
  Do you want to continue embedding without this subtitle</source>
-        <translation>Les sous-titres « %1 » ne peuvent pas être intégrés (fichier ou structure endommagés).
- Voulez-vous poursuivre l’intégration sans ces sous-titres ?</translation>
+        <translation>Les sous-titres «&#xa0;%1&#xa0;» ne peuvent pas être intégrés (fichier ou structure endommagés).
+ Voulez-vous poursuivre l’intégration sans ces sous-titres&#xa0;?</translation>
     </message>
     <message>
         <source>Failed: Broken Data</source>
-        <translation>Échec : données endommagées</translation>
+        <translation>Échec&#xa0;: données endommagées</translation>
     </message>
     <message>
         <source>Finished embedding the file you are currently editing. We need to reload the file to avoid conflicts.</source>
@@ -86,7 +86,7 @@
     <message>
         <source>Audio-Video engine gave back the following error:
 %1</source>
-        <translation>Le moteur audio et vidéo a renvoyé l’erreur suivante :
+        <translation>Le moteur audio et vidéo a renvoyé l’erreur suivante&#xa0;:
 %1</translation>
     </message>
 </context>
@@ -94,7 +94,7 @@
     <name>CTSubtitleExtractor</name>
     <message>
         <source>A subtitle with the name &apos;%1&apos; already exists</source>
-        <translation>Des sous-titres nommés « %1 » existent déjà</translation>
+        <translation>Des sous-titres nommés «&#xa0;%1&#xa0;» existent déjà</translation>
     </message>
     <message>
         <source>Overwrite</source>
@@ -113,7 +113,7 @@
     <name>CTWindowController</name>
     <message>
         <source>You have unsaved changes. Do you want to save them?</source>
-        <translation>Certaines modifications n’ont pas été enregistrées. Voulez-vous les enregistrer ?</translation>
+        <translation>Certaines modifications n’ont pas été enregistrées. Voulez-vous les enregistrer&#xa0;?</translation>
     </message>
     <message>
         <source>Save Chapter Marks</source>
@@ -219,11 +219,11 @@
     </message>
     <message>
         <source>Exit &quot;Tap2Sync&quot; Mode</source>
-        <translation>Quitter le mode « Tap2Sync »</translation>
+        <translation>Quitter le mode «&#xa0;Tap2Sync&#xa0;»</translation>
     </message>
     <message>
         <source>Enter &quot;Tap2Sync&quot; Mode</source>
-        <translation>Passer en mode « Tap2Sync »</translation>
+        <translation>Passer en mode «&#xa0;Tap2Sync&#xa0;»</translation>
     </message>
     <message>
         <source>Minimum is bigger than Maximum</source>
@@ -231,7 +231,7 @@
     </message>
     <message>
         <source>Overwrite Chaper Marks File?</source>
-        <translation>Remplacer le fichier de marques de chapitre ?</translation>
+        <translation>Remplacer le fichier de marques de chapitre&#xa0;?</translation>
     </message>
     <message>
         <source>Overwrite</source>
@@ -252,12 +252,12 @@
     <message>
         <source>Are you sure your want to delete &apos;%1&apos;
 %2</source>
-        <translation>Voulez-vous vraiment supprimer « %1 » ?
+        <translation>Voulez-vous vraiment supprimer «&#xa0;%1&#xa0;»&#xa0;?
 %2</translation>
     </message>
     <message>
         <source>Delete &apos;%1&apos;</source>
-        <translation>Supprimer « %1 »</translation>
+        <translation>Supprimer «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>No Language</source>
@@ -301,7 +301,7 @@
     </message>
     <message>
         <source>Choose the language of the new subtitle file:</source>
-        <translation>Choisissez la langue du nouveau fichier de sous-titres :</translation>
+        <translation>Choisissez la langue du nouveau fichier de sous-titres&#xa0;:</translation>
     </message>
     <message>
         <source>Add</source>
@@ -313,7 +313,7 @@
     </message>
     <message>
         <source>The movie “%1” could not be opened.</source>
-        <translation>Le film « %1 » n’a pas pu être ouvert.</translation>
+        <translation>Le film «&#xa0;%1&#xa0;» n’a pas pu être ouvert.</translation>
     </message>
     <message>
         <source>No player here can play it.
@@ -325,7 +325,7 @@
     </message>
     <message>
         <source>Do you want to embed your subtitles into the M4V file?</source>
-        <translation>Voulez-vous intégrer vos sous-titres dans le fichier M4V ?</translation>
+        <translation>Voulez-vous intégrer vos sous-titres dans le fichier M4V&#xa0;?</translation>
     </message>
     <message>
         <source>Open Embedding Options</source>
@@ -337,7 +337,7 @@
     </message>
     <message>
         <source>How to use &quot;Tap2Sync&quot;</source>
-        <translation>Comment utiliser « Tap2Sync »</translation>
+        <translation>Comment utiliser «&#xa0;Tap2Sync&#xa0;»</translation>
     </message>
     <message>
         <source>Tap2Sync let&apos;s you quickly sync a full video by watching it. Whenever you hear the current subtitle instantly press space. It will fix that subtitle and move to the next.</source>
@@ -581,7 +581,7 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     </message>
     <message>
         <source>Enter &quot;Tap2Sync&quot; Mode</source>
-        <translation>Passer en mode « Tap2Sync »</translation>
+        <translation>Passer en mode «&#xa0;Tap2Sync&#xa0;»</translation>
     </message>
     <message>
         <source>&amp;Movie</source>
@@ -621,11 +621,11 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     </message>
     <message>
         <source>Format:</source>
-        <translation>Format :</translation>
+        <translation>Format&#xa0;:</translation>
     </message>
     <message>
         <source>Encoding:</source>
-        <translation>Encodage :</translation>
+        <translation>Encodage&#xa0;:</translation>
     </message>
     <message>
         <source>Adjust Durations</source>
@@ -633,19 +633,19 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     </message>
     <message>
         <source>Seconds per character:</source>
-        <translation>Secondes par caractère :</translation>
+        <translation>Secondes par caractère&#xa0;:</translation>
     </message>
     <message>
         <source>Minimum:</source>
-        <translation>Minimum :</translation>
+        <translation>Minimum&#xa0;:</translation>
     </message>
     <message>
         <source>Maximum:</source>
-        <translation>Maximum :</translation>
+        <translation>Maximum&#xa0;:</translation>
     </message>
     <message>
         <source>Gap:</source>
-        <translation>Intervalle :</translation>
+        <translation>Intervalle&#xa0;:</translation>
     </message>
     <message>
         <source>Only selected lines</source>
@@ -807,7 +807,7 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
         <source>The audio track you selected may not play on your system or even make the app crash. 
 Do you want to continue?</source>
         <translation>La piste audio choisie risque de ne pas être lue sur votre système, voire de faire planter l’application. 
-Voulez-vous continuer ?</translation>
+Voulez-vous continuer&#xa0;?</translation>
     </message>
     <message>
         <source>Use Unsafe Audio Track</source>
@@ -839,18 +839,18 @@ Voulez-vous continuer ?</translation>
     </message>
     <message>
         <source>libmpv: %1</source>
-        <translation>libmpv : %1</translation>
+        <translation>libmpv&#xa0;: %1</translation>
     </message>
 </context>
 <context>
     <name>VHSubtitle</name>
     <message>
         <source>File language problem:</source>
-        <translation>Problème de langue du fichier :</translation>
+        <translation>Problème de langue du fichier&#xa0;:</translation>
     </message>
     <message>
         <source>Could not open subtitle file using &apos;%1&apos; encoding. Please select a different encoding:</source>
-        <translation>Impossible d’ouvrir le fichier de sous-titres avec l’encodage « %1 ». Veuillez choisir un autre encodage :</translation>
+        <translation>Impossible d’ouvrir le fichier de sous-titres avec l’encodage «&#xa0;%1&#xa0;». Veuillez choisir un autre encodage&#xa0;:</translation>
     </message>
     <message>
         <source>Remember encoding as default.</source>
@@ -869,11 +869,11 @@ Voulez-vous continuer ?</translation>
     <name>VLCMovieController</name>
     <message>
         <source>libVLC: the file could not be read or decoded</source>
-        <translation>libVLC : le fichier n’a pas pu être lu ni décodé</translation>
+        <translation>libVLC&#xa0;: le fichier n’a pas pu être lu ni décodé</translation>
     </message>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
-        <translation>libVLC : aucune vidéo ni aucun son lisible dans le fichier</translation>
+        <translation>libVLC&#xa0;: aucune vidéo ni aucun son lisible dans le fichier</translation>
     </message>
 </context>
 </TS>
