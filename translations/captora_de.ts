@@ -113,15 +113,15 @@
     <name>CTWindowController</name>
     <message>
         <source>You have unsaved changes. Do you want to save them?</source>
-        <translation>Es gibt ungesicherte Änderungen. Möchten Sie sie sichern?</translation>
+        <translation>Es gibt ungespeicherte Änderungen. Möchten Sie sie speichern?</translation>
     </message>
     <message>
         <source>Save Chapter Marks</source>
-        <translation>Kapitelmarken sichern</translation>
+        <translation>Kapitelmarken speichern</translation>
     </message>
     <message>
         <source>Save Subtitle</source>
-        <translation>Untertitel sichern</translation>
+        <translation>Untertitel speichern</translation>
     </message>
     <message>
         <source>Discard Changes</source>
@@ -489,7 +489,7 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     </message>
     <message>
         <source>Save Subtitle</source>
-        <translation>Untertitel sichern</translation>
+        <translation>Untertitel speichern</translation>
     </message>
     <message>
         <source>Export…</source>

@@ -29,7 +29,7 @@
     <message>
         <source>Unknown</source>
         <comment>a language</comment>
-        <translation>Desconocido</translation>
+        <translation>idioma desconocido</translation>
     </message>
     <message>
         <source>%1 Subtitle</source>
@@ -358,7 +358,7 @@
     <message>
         <source>Start</source>
         <comment>button: begin Tap2Sync</comment>
-        <translation>Empezar</translation>
+        <translation>Iniciar</translation>
     </message>
 </context>
 <context>
@@ -659,7 +659,7 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
     <message>
         <source>Start</source>
         <comment>button: begin adjusting</comment>
-        <translation>Empezar</translation>
+        <translation>Iniciar</translation>
     </message>
 </context>
 <context>

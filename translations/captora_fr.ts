@@ -29,7 +29,7 @@
     <message>
         <source>Unknown</source>
         <comment>a language</comment>
-        <translation>Inconnue</translation>
+        <translation>langue inconnue</translation>
     </message>
     <message>
         <source>%1 Subtitle</source>

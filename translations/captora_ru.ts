@@ -29,7 +29,7 @@
     <message>
         <source>Unknown</source>
         <comment>a language</comment>
-        <translation>Неизвестный</translation>
+        <translation>неизвестный язык</translation>
     </message>
     <message>
         <source>%1 Subtitle</source>

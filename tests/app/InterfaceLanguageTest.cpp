@@ -136,7 +136,7 @@ TEST_F(InterfaceWindow, GermanMenusAndQuestions)
               (QStringList{u"&Datei"_s, u"&Bearbeiten"_s, u"&Kapitelmarken"_s, u"&Timing"_s, u"&Film"_s}));
     // Titles the project computes, and the fixed ones.
     const QStringList file = itemTitles(*window, 0);
-    EXPECT_TRUE(file.contains(u"Untertitel sichern"_s)) << file.join(u" | "_s).toStdString();
+    EXPECT_TRUE(file.contains(u"Untertitel speichern"_s)) << file.join(u" | "_s).toStdString();
     EXPECT_TRUE(file.contains(u"Untertitel in den Film einbetten …"_s)) << file.join(u" | "_s).toStdString();
     EXPECT_TRUE(file.contains(u"Keine extrahierbaren Untertitel oder Kapitelmarken"_s))
         << file.join(u" | "_s).toStdString();
