@@ -32,6 +32,8 @@ int main(int argc, char **argv)
     MainQueue::main().attachToEventLoop();
     Settings::shared().useUserSettings();
     // Before any window or text is made: menus, tables and questions take their texts once.
+    // Also before the project registers its defaults, whose "Locale" is only the system's
+    // language: here only a language the user chose counts.
     const auto translators = InterfaceLanguage::installForApplication();
 
     ProjectWindow window;
