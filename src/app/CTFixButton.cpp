@@ -1,5 +1,6 @@
 #include "CTFixButton.h"
 
+#include <QFontMetrics>
 #include <QKeyEvent>
 
 #include <cmath>
@@ -11,7 +12,16 @@ CTFixButton::CTFixButton(QWidget *parent)
 {
     m_subtitle = formattedShift(0);
     setFixMode(0);
-    setMinimumSize(72, 52);
+    // As wide as the longest mode name of the interface language, so that holding Shift or
+    // Alt changes the text but not the size.
+    int widest = 0;
+    for (const QString &title : {tr("Fix", "fix mode"), tr("Shift", "fix mode"), tr("Single", "fix mode"),
+                                 tr("Tap", "fix mode in Tap2Sync")}) {
+        QFont bold = font();
+        bold.setBold(true);
+        widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(title));
+    }
+    setMinimumSize(std::max(72, widest + 24), 52);
     // Blue text, as the fix control has always shown it.
     setStyleSheet(u"QPushButton { color: rgb(68, 166, 218); font-weight: bold; border-radius: 26px;"
                   " border: 2px solid rgb(68, 166, 218); padding: 4px; }"
@@ -29,7 +39,10 @@ void CTFixButton::setFixMode(int mode)
     if (mode == m_fixMode)
         return;
     m_fixMode = mode;
-    m_title = mode == 2 ? u"Shift"_s : mode == 3 ? u"Single"_s : mode == 4 ? u"Tap"_s : u"Fix"_s;
+    m_title = mode == 2   ? tr("Shift", "fix mode")
+              : mode == 3 ? tr("Single", "fix mode")
+              : mode == 4 ? tr("Tap", "fix mode in Tap2Sync")
+                          : tr("Fix", "fix mode");
     // Only Tap2Sync hands the keyboard to the control.
     setFocusPolicy(mode == 4 ? Qt::StrongFocus : Qt::NoFocus);
     updateText();
@@ -71,7 +84,8 @@ void CTFixButton::focusOutEvent(QFocusEvent *event)
 {
     QPushButton::focusOutEvent(event);
     // A menu or another window taking the focus for a moment is not the focus going.
-    const bool really = event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+    const bool really =
+        event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
     if (m_fixMode == 4 && really && onResignFocus)
         onResignFocus();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QPushButton>
 
 #include <functional>
@@ -9,6 +10,8 @@
 // Escape leaves the mode.
 class CTFixButton final : public QPushButton
 {
+    Q_DECLARE_TR_FUNCTIONS(CTFixButton)
+
 public:
     explicit CTFixButton(QWidget *parent = nullptr);
 

@@ -177,13 +177,13 @@ QVariant CueTableModel::headerData(int section, Qt::Orientation orientation, int
         return section + 1;
     switch (section) {
     case StartColumn:
-        return u"Start"_s;
+        return tr("Start", "start time of a line");
     case DurationColumn:
-        return u"Duration"_s;
+        return tr("Duration");
     case TextColumn:
-        return u"Text"_s;
+        return tr("Text");
     case ForcedColumn:
-        return u"Forced"_s;
+        return tr("Forced");
     default:
         return {};
     }

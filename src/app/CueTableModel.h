@@ -4,6 +4,7 @@
 #include "Observable.h"
 
 #include <QAbstractTableModel>
+#include <QCoreApplication>
 
 class CTWindowController;
 
@@ -14,6 +15,8 @@ class CTWindowController;
 // rows are drawn. Edits of cells go through the project, never into a cue.
 class CueTableModel final : public QAbstractTableModel, private CueListObserver
 {
+    Q_DECLARE_TR_FUNCTIONS(CueTableModel)
+
 public:
     enum Column { StartColumn, DurationColumn, TextColumn, ForcedColumn, ColumnCount };
 

@@ -10,6 +10,7 @@
 #include "ProjectWindow.h"
 #include "VHMovieController.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
 #include <QPointer>
@@ -104,7 +105,7 @@ private:
             return;
         }
         auto status = std::make_shared<ProgressStatus>();
-        status->setTitle(u"Extract Subtitles"_s);
+        status->setTitle(QCoreApplication::translate("MovieServices", "Extract Subtitles"));
         m_extractor = CTSubtitleExtractor::initWithAsset(asset, project->moviePath(), status);
         m_extractor->setDelegate(this);
         m_extractor->extractSubtitles(subtitles, chapters, onlyMissing);
@@ -135,7 +136,8 @@ private:
         auto status = std::make_shared<ProgressStatus>();
         m_embedder->setStatus(status);
 
-        auto *dialog = new QProgressDialog(status->title(), u"Cancel"_s, 0, 1000, &m_window);
+        auto *dialog = new QProgressDialog(
+            status->title(), QCoreApplication::translate("MovieServices", "Cancel"), 0, 1000, &m_window);
         dialog->setWindowModality(Qt::WindowModal);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setAutoClose(false);
@@ -174,7 +176,7 @@ private:
             text += u"\n"_s + status.errorMessage();
         m_progressDialog->setLabelText(text);
         if (status.isEnded())
-            m_progressDialog->setCancelButtonText(u"Close"_s);
+            m_progressDialog->setCancelButtonText(QCoreApplication::translate("MovieServices", "Close"));
     }
 
     void subtitleEmbedderStarted(CTSubtitleEmbedder *embedder) override

@@ -175,15 +175,18 @@ QWidget *ProjectWindow::buildMovieSide()
     layout->addWidget(m_movieArea, 1);
 
     auto *bar = new QHBoxLayout;
-    m_playButton = new QPushButton(u"Play"_s, side);
-    m_playButton->setMaximumWidth(m_playButton->fontMetrics().horizontalAdvance(u"Pause"_s) + 32);
+    m_playButton = new QPushButton(tr("Play"), side);
+    // Wide enough for either title, whichever is longer in the interface language.
+    const QFontMetrics playMetrics = m_playButton->fontMetrics();
+    m_playButton->setMaximumWidth(
+        std::max(playMetrics.horizontalAdvance(tr("Play")), playMetrics.horizontalAdvance(tr("Pause"))) + 32);
     connect(m_playButton, &QPushButton::clicked, this, [this] { runCommand(u"playPause:"_s); });
     bar->addWidget(m_playButton);
     const QStringList stepTitles = {u"−5"_s, u"−1"_s, u"+1"_s, u"+5"_s};
     const QStringList stepCommands = {u"rewind:"_s, u"stepBackward:"_s, u"stepForward:"_s, u"fastForward:"_s};
     for (int i = 0; i < 4; ++i) {
         auto *button = new QPushButton(stepTitles[i], side);
-        button->setToolTip(i == 0 || i == 3 ? u"Five frames"_s : u"One frame"_s);
+        button->setToolTip(i == 0 || i == 3 ? tr("Five frames") : tr("One frame"));
         button->setFocusPolicy(Qt::NoFocus);
         button->setEnabled(false);
         button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"+5"_s) + 24);
@@ -215,7 +218,7 @@ QWidget *ProjectWindow::buildMovieSide()
     bar->addWidget(m_timeLabel);
     auto *subtitleToggle = new QToolButton(side);
     subtitleToggle->setText(u"CC"_s);
-    subtitleToggle->setToolTip(u"Show the subtitle over the movie"_s);
+    subtitleToggle->setToolTip(tr("Show the subtitle over the movie"));
     subtitleToggle->setCheckable(true);
     subtitleToggle->setChecked(true);
     subtitleToggle->setFocusPolicy(Qt::NoFocus);
@@ -225,7 +228,7 @@ QWidget *ProjectWindow::buildMovieSide()
     });
     bar->addWidget(subtitleToggle);
     auto *fullScreen = new QToolButton(side);
-    fullScreen->setText(u"Full Screen"_s);
+    fullScreen->setText(tr("Full Screen"));
     fullScreen->setFocusPolicy(Qt::NoFocus);
     fullScreen->setObjectName(u"fullScreenButton"_s);
     // The movie alone fills the screen; Escape brings it back.
@@ -252,7 +255,7 @@ QWidget *ProjectWindow::buildEditorSide()
     m_languageButton->setMenu(m_languageMenu);
     top->addWidget(m_languageButton, 1);
     m_searchField = new QLineEdit(side);
-    m_searchField->setPlaceholderText(u"Search"_s);
+    m_searchField->setPlaceholderText(tr("Search"));
     m_searchField->setClearButtonEnabled(true);
     connect(m_searchField, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (text != m_project->searchString())
@@ -261,7 +264,7 @@ QWidget *ProjectWindow::buildEditorSide()
     top->addWidget(m_searchField, 1);
     auto *caseSensitive = new QToolButton(side);
     caseSensitive->setText(u"Aa"_s);
-    caseSensitive->setToolTip(u"Case-sensitive search"_s);
+    caseSensitive->setToolTip(tr("Case-sensitive search"));
     caseSensitive->setCheckable(true);
     caseSensitive->setChecked(m_project->searchCaseSensitive());
     connect(caseSensitive, &QToolButton::toggled, this,
@@ -272,9 +275,9 @@ QWidget *ProjectWindow::buildEditorSide()
 
     auto *replace = new QHBoxLayout;
     m_replaceField = new QLineEdit(side);
-    m_replaceField->setPlaceholderText(u"Replace with"_s);
+    m_replaceField->setPlaceholderText(tr("Replace with"));
     replace->addWidget(m_replaceField, 1);
-    auto *replaceAll = new QPushButton(u"Replace All"_s, side);
+    auto *replaceAll = new QPushButton(tr("Replace All"), side);
     connect(replaceAll, &QPushButton::clicked, this,
             [this] { m_project->replaceAll(m_searchField->text(), m_replaceField->text()); });
     replace->addWidget(replaceAll);
@@ -295,7 +298,7 @@ QWidget *ProjectWindow::buildEditorSide()
     m_table->setColumnWidth(CueTableModel::StartColumn, timeWidth);
     m_table->setColumnWidth(CueTableModel::DurationColumn, timeWidth);
     m_table->setColumnWidth(CueTableModel::ForcedColumn,
-                            m_table->fontMetrics().horizontalAdvance(u"Forced"_s) + 16);
+                            m_table->fontMetrics().horizontalAdvance(tr("Forced")) + 16);
     m_table->setWordWrap(false);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { tableSelectionChanged(); });
@@ -303,10 +306,10 @@ QWidget *ProjectWindow::buildEditorSide()
     layout->addWidget(m_table, 1);
 
     auto *fields = new QHBoxLayout;
-    fields->addWidget(new QLabel(u"Start"_s, side));
+    fields->addWidget(new QLabel(tr("Start", "start time of a line"), side));
     m_startField = new QLineEdit(side);
     fields->addWidget(m_startField);
-    fields->addWidget(new QLabel(u"Duration"_s, side));
+    fields->addWidget(new QLabel(tr("Duration"), side));
     m_durationField = new QLineEdit(side);
     fields->addWidget(m_durationField);
     // Both fields show a whole time text ("00:00:00.000") without scrolling.
@@ -314,13 +317,13 @@ QWidget *ProjectWindow::buildEditorSide()
         const int textWidth = field->fontMetrics().horizontalAdvance(u"00:00:00.0000"_s);
         field->setMinimumWidth(textWidth + 2 * field->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 8);
     }
-    m_forcedBox = new QCheckBox(u"Forced"_s, side);
+    m_forcedBox = new QCheckBox(tr("Forced"), side);
     fields->addWidget(m_forcedBox);
     m_fixButton = new CTFixButton(side);
     fields->addWidget(m_fixButton);
     // Where the current line may start: the earliest and latest time of its fix range.
     m_rangeLabel = new QLabel(side);
-    m_rangeLabel->setToolTip(u"The times the current line's start may be fixed between"_s);
+    m_rangeLabel->setToolTip(tr("The times the current line's start may be fixed between"));
     fields->addWidget(m_rangeLabel);
     layout->addLayout(fields);
     connect(m_startField, &QLineEdit::editingFinished, this, [this] {

@@ -4,6 +4,7 @@
 #include "PlaybackControl.h"
 #include "ProjectView.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QMainWindow>
 #include <QPointer>
@@ -40,6 +41,9 @@ class QToolButton;
 // a movie only names the subtitle files beside it.
 class ProjectWindow final : public QMainWindow, public ProjectView
 {
+    // Built without moc: tr() must name this class, not QMainWindow.
+    Q_DECLARE_TR_FUNCTIONS(ProjectWindow)
+
 public:
     explicit ProjectWindow(QWidget *parent = nullptr);
     ~ProjectWindow() override;

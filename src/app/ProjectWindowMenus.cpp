@@ -36,7 +36,7 @@ QString nameFilter(const QStringList &types)
     QStringList patterns;
     for (const QString &type : types)
         patterns << u"*."_s + type;
-    return u"Files (%1)"_s.arg(patterns.join(u' '));
+    return QCoreApplication::translate("ProjectWindow", "Files (%1)").arg(patterns.join(u' '));
 }
 } // namespace
 
@@ -57,56 +57,62 @@ QAction *ProjectWindow::addCommand(QMenu *menu, const QString &title, const QStr
 
 void ProjectWindow::buildMenus()
 {
-    QMenu *file = menuBar()->addMenu(u"&File"_s);
-    addCommand(file, u"Open Movie…"_s, u"openMovie:"_s, QKeySequence::Open);
-    addCommand(file, u"Open Subtitle…"_s, u"loadSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
-    addCommand(file, u"New Subtitle…"_s, u"newSubtitle:"_s, QKeySequence::New);
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    addCommand(file, tr("Open Movie…"), u"openMovie:"_s, QKeySequence::Open);
+    addCommand(file, tr("Open Subtitle…"), u"loadSubtitle:"_s,
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
+    addCommand(file, tr("New Subtitle…"), u"newSubtitle:"_s, QKeySequence::New);
     file->addSeparator();
-    addCommand(file, u"Save Subtitle"_s, u"saveSubtitle:"_s, QKeySequence::Save);
-    addCommand(file, u"Export…"_s, u"exportSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
-    addCommand(file, u"Reload Subtitle"_s, u"reloadSubtitle:"_s);
+    addCommand(file, tr("Save Subtitle"), u"saveSubtitle:"_s, QKeySequence::Save);
+    addCommand(file, tr("Export…"), u"exportSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    addCommand(file, tr("Reload Subtitle"), u"reloadSubtitle:"_s);
     file->addSeparator();
-    addCommand(file, u"Embed Subtitles into Movie…"_s, u"embedSubtitle:"_s);
-    addCommand(file, u"Extract Subtitles"_s, u"extractAllSubtitles:"_s);
-    addCommand(file, u"Download via Web Search…"_s, u"searchOnline:"_s);
+    addCommand(file, tr("Embed Subtitles into Movie…"), u"embedSubtitle:"_s);
+    addCommand(file, tr("Extract Subtitles"), u"extractAllSubtitles:"_s);
+    addCommand(file, tr("Download via Web Search…"), u"searchOnline:"_s);
     file->addSeparator();
-    addCommand(file, u"Close"_s, u"shouldCloseProject:"_s, QKeySequence::Close);
-    addCommand(file, u"Quit"_s, u"terminate:"_s, QKeySequence::Quit);
+    addCommand(file, tr("Close"), u"shouldCloseProject:"_s, QKeySequence::Close);
+    addCommand(file, tr("Quit"), u"terminate:"_s, QKeySequence::Quit);
 
-    QMenu *edit = menuBar()->addMenu(u"&Edit"_s);
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
     addCommand(edit, tr("Undo"), u"undo:"_s, QKeySequence(Qt::CTRL | Qt::Key_Z));
     QAction *redo = addCommand(edit, tr("Redo"), u"redo:"_s);
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
     edit->addSeparator();
-    addCommand(edit, u"Add Subtitle Line"_s, u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_I));
-    addCommand(edit, u"Delete Subtitle Line"_s, u"deleteSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Backspace));
+    addCommand(edit, tr("Add Subtitle Line"), u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_I));
+    addCommand(edit, tr("Delete Subtitle Line"), u"deleteSubtitle:"_s,
+               QKeySequence(Qt::CTRL | Qt::Key_Backspace));
     edit->addSeparator();
-    addCommand(edit, u"Find"_s, u"performFindPanelAction:"_s, QKeySequence::Find);
-    addCommand(edit, u"Next Line"_s, u"silentGotoNextSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Down));
-    addCommand(edit, u"Previous Line"_s, u"silentGotoPreviousSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Up));
+    addCommand(edit, tr("Find"), u"performFindPanelAction:"_s, QKeySequence::Find);
+    addCommand(edit, tr("Next Line"), u"silentGotoNextSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Down));
+    addCommand(edit, tr("Previous Line"), u"silentGotoPreviousSubtitle:"_s,
+               QKeySequence(Qt::CTRL | Qt::Key_Up));
     edit->addSeparator();
-    addCommand(edit, u"Adjust Durations…"_s, u"fixDuration:"_s);
-    addCommand(edit, u"Add Subtitle Language…"_s, u"addSubtitleLanguage:"_s);
+    addCommand(edit, tr("Adjust Durations…"), u"fixDuration:"_s);
+    addCommand(edit, tr("Add Subtitle Language…"), u"addSubtitleLanguage:"_s);
     // The file-kind menus: items of the other kind of file are disabled.
-    QMenu *chapters = menuBar()->addMenu(u"&Chapter Marks"_s);
-    addCommand(chapters, u"Edit Chapter Marks"_s, u"editChapterMark:"_s);
-    addCommand(chapters, u"Convert Chapter Marks to Subtitle"_s, u"convertChapterMarkToSubtitle:"_s, {}, true);
+    QMenu *chapters = menuBar()->addMenu(tr("&Chapter Marks"));
+    addCommand(chapters, tr("Edit Chapter Marks"), u"editChapterMark:"_s);
+    addCommand(chapters, tr("Convert Chapter Marks to Subtitle"), u"convertChapterMarkToSubtitle:"_s, {},
+               true);
 
-    QMenu *timing = menuBar()->addMenu(u"&Timing"_s);
-    addCommand(timing, u"Fix Subtitle Start"_s, u"fixSubtitleStart:"_s, FixKey);
-    addCommand(timing, u"Shift Subtitles"_s, u"shiftSubtitles:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return));
-    addCommand(timing, u"Fix Single Subtitle Line Time"_s, u"fixSingleSubtitleStart:"_s,
+    QMenu *timing = menuBar()->addMenu(tr("&Timing"));
+    addCommand(timing, tr("Fix Subtitle Start"), u"fixSubtitleStart:"_s, FixKey);
+    addCommand(timing, tr("Shift Subtitles"), u"shiftSubtitles:"_s,
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return));
+    addCommand(timing, tr("Fix Single Subtitle Line Time"), u"fixSingleSubtitleStart:"_s,
                QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Return));
-    addCommand(timing, u"Enter \"Tap2Sync\" Mode"_s, u"toggleTap2Sync:"_s, QKeySequence(Qt::CTRL | Qt::Key_T));
+    addCommand(timing, tr("Enter \"Tap2Sync\" Mode"), u"toggleTap2Sync:"_s,
+               QKeySequence(Qt::CTRL | Qt::Key_T));
 
-    QMenu *movie = menuBar()->addMenu(u"&Movie"_s);
-    addCommand(movie, u"Play"_s, u"playPause:"_s, QKeySequence(Qt::Key_Space));
-    addCommand(movie, u"One Frame Back"_s, u"stepBackward:"_s, QKeySequence(Qt::Key_Left));
-    addCommand(movie, u"One Frame Forward"_s, u"stepForward:"_s, QKeySequence(Qt::Key_Right));
-    addCommand(movie, u"Five Frames Back"_s, u"rewind:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Left));
-    addCommand(movie, u"Five Frames Forward"_s, u"fastForward:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Right));
-    m_audioMenu = movie->addMenu(u"Audio Track"_s);
-    m_audioMenu->addAction(u"No Audio Track"_s)->setEnabled(false);
+    QMenu *movie = menuBar()->addMenu(tr("&Movie"));
+    addCommand(movie, tr("Play"), u"playPause:"_s, QKeySequence(Qt::Key_Space));
+    addCommand(movie, tr("One Frame Back"), u"stepBackward:"_s, QKeySequence(Qt::Key_Left));
+    addCommand(movie, tr("One Frame Forward"), u"stepForward:"_s, QKeySequence(Qt::Key_Right));
+    addCommand(movie, tr("Five Frames Back"), u"rewind:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Left));
+    addCommand(movie, tr("Five Frames Forward"), u"fastForward:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Right));
+    m_audioMenu = movie->addMenu(tr("Audio Track"));
+    m_audioMenu->addAction(tr("No Audio Track"))->setEnabled(false);
 
     const QList<QMenu *> menus = {file, edit, chapters, timing, movie};
     for (QMenu *menu : menus)
@@ -337,7 +343,7 @@ void ProjectWindow::setLanguageButton(const QList<LanguageButtonItem> &items, qs
         if (i == selectedIndex)
             selectedTitle = item.title;
     }
-    m_languageButton->setText(selectedTitle.isEmpty() ? u"No Subtitle"_s : selectedTitle);
+    m_languageButton->setText(selectedTitle.isEmpty() ? tr("No Subtitle") : selectedTitle);
 }
 
 // --- panels ------------------------------------------------------------------------------------------
@@ -396,13 +402,13 @@ QString ProjectWindow::runSavePanel(SavePanelOptions &options)
             if (entry.codePage() == options.exportEncoding)
                 encoding->setCurrentIndex(encoding->count() - 1);
         }
-        lineBreaks = new QCheckBox(u"Windows line breaks"_s, &panel);
+        lineBreaks = new QCheckBox(tr("Windows line breaks"), &panel);
         lineBreaks->setChecked(options.windowsLineBreaks);
         if (auto *grid = qobject_cast<QGridLayout *>(panel.layout())) {
             const int row = grid->rowCount();
-            grid->addWidget(new QLabel(u"Format:"_s, &panel), row, 0);
+            grid->addWidget(new QLabel(tr("Format:"), &panel), row, 0);
             grid->addWidget(format, row, 1);
-            grid->addWidget(new QLabel(u"Encoding:"_s, &panel), row + 1, 0);
+            grid->addWidget(new QLabel(tr("Encoding:"), &panel), row + 1, 0);
             grid->addWidget(encoding, row + 1, 1);
             grid->addWidget(lineBreaks, row + 2, 1);
         }
@@ -431,7 +437,7 @@ QDialog *ProjectWindow::makeSheetDialog(const Sheet &sheet)
     // Durations from reading speed: seconds per character within a minimum and a maximum,
     // keeping a gap before the next line.
     auto *dialog = new QDialog(this);
-    dialog->setWindowTitle(u"Adjust Durations"_s);
+    dialog->setWindowTitle(tr("Adjust Durations"));
     auto *form = new QFormLayout(dialog);
     auto spin = [dialog](double value, double step) {
         auto *box = new QDoubleSpinBox(dialog);
@@ -443,12 +449,12 @@ QDialog *ProjectWindow::makeSheetDialog(const Sheet &sheet)
     };
     QDoubleSpinBox *perCharacter = spin(0.06, 0.01), *minimum = spin(1, 0.1), *maximum = spin(5, 0.1),
                    *gap = spin(0.1, 0.05);
-    form->addRow(u"Seconds per character:"_s, perCharacter);
-    form->addRow(u"Minimum:"_s, minimum);
-    form->addRow(u"Maximum:"_s, maximum);
-    form->addRow(u"Gap:"_s, gap);
+    form->addRow(tr("Seconds per character:"), perCharacter);
+    form->addRow(tr("Minimum:"), minimum);
+    form->addRow(tr("Maximum:"), maximum);
+    form->addRow(tr("Gap:"), gap);
     // Only selected lines needs a selection: without one the box is off and cannot be ticked.
-    auto *onlySelected = new QCheckBox(u"Only selected lines"_s, dialog);
+    auto *onlySelected = new QCheckBox(tr("Only selected lines"), dialog);
     onlySelected->setObjectName(u"durationOnlySelecedCheckbox"_s);
     const bool anySelected = !m_project->selectionIndices().isEmpty();
     if (!anySelected)
@@ -461,7 +467,7 @@ QDialog *ProjectWindow::makeSheetDialog(const Sheet &sheet)
     problem->setStyleSheet(u"color: red"_s);
     form->addRow(problem);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, dialog);
-    buttons->button(QDialogButtonBox::Ok)->setText(u"Start"_s);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("Start", "button: begin adjusting"));
     form->addRow(buttons);
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::accepted, dialog, [=, this] {

@@ -1,4 +1,5 @@
 #include "CTWindowController.h"
+#include "InterfaceLanguage.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlayerWiring.h"
@@ -35,6 +36,10 @@ int main(int argc, char **argv)
     const QStringList arguments = applyProgramOptions(app.arguments());
     MainQueue::main().attachToEventLoop();
     Settings::shared().useUserSettings();
+    // Before any window or text is made: menus, tables and questions take their texts once.
+    // Also before the project registers its defaults, whose "Locale" is only the system's
+    // language: here only a language the user chose counts.
+    const auto translators = InterfaceLanguage::installForApplication();
 
     ProjectWindow window;
     WindowPrompter prompter(&window);

@@ -13,6 +13,7 @@ extern "C" {
 #include <libavutil/mathematics.h>
 }
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -152,7 +153,8 @@ void CTSubtitleEmbedder::setStatus(const ProgressStatusPtr &status)
     if (!m_status)
         return;
     m_status->setProgress(ProgressStatus::Waiting);
-    m_status->setTitle(u"Embedding Subtitles into %1"_s.arg(QFileInfo(m_moviePath).completeBaseName()));
+    m_status->setTitle(QCoreApplication::translate("CTSubtitleEmbedder", "Embedding Subtitles into %1")
+                           .arg(QFileInfo(m_moviePath).completeBaseName()));
 }
 
 void CTSubtitleEmbedder::createM4V()
@@ -189,7 +191,8 @@ void CTSubtitleEmbedder::failToStart(const QString &error, bool outputExists)
     m_isWorking = false;
     m_status->setProgress(ProgressStatus::Failed);
     if (outputExists)
-        m_status->setMessage(u"Failed: %1 exists"_s.arg(CTFileHelper::lastPathComponent(m_outputMoviePath)));
+        m_status->setMessage(QCoreApplication::translate("CTSubtitleEmbedder", "Failed: %1 exists")
+                                 .arg(CTFileHelper::lastPathComponent(m_outputMoviePath)));
     else
         m_status->setErrorMessage(error);
     m_ended = true;
@@ -197,9 +200,24 @@ void CTSubtitleEmbedder::failToStart(const QString &error, bool outputExists)
         m_delegate->subtitleEmbedderDidFinish(this, false);
 }
 
+namespace {
+QString damagedMovieMessage()
+{
+    return QCoreApplication::translate(
+        "CTSubtitleEmbedder", "The movie '%1' is damaged: %2.\n Do you want to continue embedding what "
+                              "can be read?");
+}
+} // namespace
+
 bool CTSubtitleEmbedder::isDamagedMovieQuestion(const Prompt &prompt)
 {
-    return prompt.message.startsWith(u"The movie '"_s) && prompt.message.contains(u"' is damaged"_s);
+    // Recognised by the text before and between the two names, in whatever language it is.
+    const QString message = damagedMovieMessage();
+    const qsizetype first = message.indexOf(u"%1"_s), second = message.indexOf(u"%2"_s);
+    if (first < 0 || second < first)
+        return false;
+    return prompt.message.startsWith(message.left(first)) &&
+           prompt.message.contains(message.mid(first + 2, second - first - 2));
 }
 
 namespace {
@@ -207,9 +225,9 @@ Prompt damagedMovieQuestion(const QString &moviePath, const QStringList &reasons
 {
     Prompt prompt;
     prompt.message =
-        u"The movie '%1' is damaged: %2.\n Do you want to continue embedding what can be read?"_s.arg(
-            CTFileHelper::lastPathComponent(moviePath), reasons.join(u"; "_s));
-    prompt.buttons = {u"Continue"_s, u"Cancel"_s};
+        damagedMovieMessage().arg(CTFileHelper::lastPathComponent(moviePath), reasons.join(u"; "_s));
+    prompt.buttons = {QCoreApplication::translate("CTSubtitleEmbedder", "Continue"),
+                      QCoreApplication::translate("CTSubtitleEmbedder", "Cancel")};
     return prompt;
 }
 } // namespace
@@ -424,10 +442,13 @@ void CTSubtitleEmbedder::startEmebdding()
         if (!source) {
             logLine(u"Error: Subtitle %1 cannot be embedded!"_s.arg(row.path));
             Prompt prompt;
-            prompt.message =
-                u"Subtitle '%1' cannot be embedded (file or structure broken).\n Do you want to continue embedding without this subtitle"_s
-                    .arg(CTFileHelper::lastPathComponent(row.path));
-            prompt.buttons = {u"Continue"_s, u"Cancel"_s};
+            prompt.message = QCoreApplication::translate(
+                                 "CTSubtitleEmbedder", "Subtitle '%1' cannot be embedded (file or structure "
+                                                       "broken).\n Do you want to continue embedding without "
+                                                       "this subtitle")
+                                 .arg(CTFileHelper::lastPathComponent(row.path));
+            prompt.buttons = {QCoreApplication::translate("CTSubtitleEmbedder", "Continue"),
+                              QCoreApplication::translate("CTSubtitleEmbedder", "Cancel")};
             if (Prompter::shared().ask(prompt).button == 0)
                 continue;
             m_status->cancel();
@@ -524,7 +545,7 @@ void CTSubtitleEmbedder::startEmebdding()
     // A damaged movie is asked about before anything is written.
     if (!damage.isEmpty() && !continueDespiteDamage(damage)) {
         m_status->setErrorMessage(damage.join(u"; "_s));
-        m_status->setMessage(u"Failed: Broken Data"_s);
+        m_status->setMessage(QCoreApplication::translate("CTSubtitleEmbedder", "Failed: Broken Data"));
         m_isWorking = false;
         m_status->setProgress(ProgressStatus::Failed);
         m_ended = true;

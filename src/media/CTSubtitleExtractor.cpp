@@ -8,6 +8,7 @@
 #include "TimedTextSamples.h"
 #include "VHVideoText.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
@@ -139,9 +140,12 @@ void CTSubtitleExtractor::extractSubtitles(bool subtitles, bool chapterMarks, bo
             if (onlyMissing)
                 continue;
             Prompt prompt;
-            prompt.message = u"A subtitle with the name '%1' already exists"_s.arg(
-                CTFileHelper::lastPathComponent(plan.path));
-            prompt.buttons = {u"Overwrite"_s, u"Keep Both"_s, u"Skip"_s};
+            prompt.message = QCoreApplication::translate("CTSubtitleExtractor",
+                                                         "A subtitle with the name '%1' already exists")
+                                 .arg(CTFileHelper::lastPathComponent(plan.path));
+            prompt.buttons = {QCoreApplication::translate("CTSubtitleExtractor", "Overwrite"),
+                              QCoreApplication::translate("CTSubtitleExtractor", "Keep Both"),
+                              QCoreApplication::translate("CTSubtitleExtractor", "Skip")};
             const int answer = Prompter::shared().ask(prompt).button;
             if (answer == 1) {
                 const QString name = CTFileHelper::lastPathComponent(plan.path);

@@ -6,6 +6,7 @@
 #include "MovieAsset.h"
 #include "Prompter.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -94,9 +95,10 @@ QString subtitleEmbedderDidFinish(CTWindowController &project, const QString &em
     const QString moved = moveEmbeddedMovieIntoPlace(embeddedMoviePath, outputPath);
     if (!moved.isEmpty() && editingIt) {
         Prompt prompt;
-        prompt.message =
-            u"Finished embedding the file you are currently editing. We need to reload the file to avoid conflicts."_s;
-        prompt.buttons = {u"OK"_s};
+        prompt.message = QCoreApplication::translate(
+            "CTSubtitleEmbedder", "Finished embedding the file you are currently editing. We "
+                                  "need to reload the file to avoid conflicts.");
+        prompt.buttons = {QCoreApplication::translate("CTSubtitleEmbedder", "OK")};
         Prompter::shared().ask(prompt);
         project.setMoviePath(moved);
     }

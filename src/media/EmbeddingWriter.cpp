@@ -13,6 +13,7 @@ extern "C" {
 #include <libavutil/mathematics.h>
 }
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -460,7 +461,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
     MainQueue::main().post([weak] {
         if (auto self = weak.lock()) {
             self->m_status->setProgress(ProgressStatus::Busy);
-            self->m_status->setMessage(u"Optimizing"_s);
+            self->m_status->setMessage(QCoreApplication::translate("CTSubtitleEmbedder", "Optimizing"));
         }
     });
 
@@ -484,7 +485,7 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         failureText = damage.join(u"; "_s);
     // What the muxer has no place for goes into the finished index; then the complete file
     // takes its name, unless someone else's file has taken it meanwhile.
-    QString failureMessage = u"Failed: Broken Data"_s;
+    QString failureMessage = QCoreApplication::translate("CTSubtitleEmbedder", "Failed: Broken Data");
     if (!failed && !cancelled) {
         const QString boxesFailed = MovieBoxes::editIndex(run->temporaryPath, [&](MovieBoxes::Box &moov) {
             addIndexBoxes(moov, out, run->characteristics, run->languageTags, run->rating,
@@ -501,7 +502,8 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             failed = true;
             failureText = QString::fromLocal8Bit(std::strerror(code));
             if (code == EEXIST)
-                failureMessage = u"Failed: %1 exists"_s.arg(QFileInfo(run->outputPath).fileName());
+                failureMessage = QCoreApplication::translate("CTSubtitleEmbedder", "Failed: %1 exists")
+                                     .arg(QFileInfo(run->outputPath).fileName());
         }
     }
     if (failed || cancelled)
@@ -523,7 +525,9 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
             } else {
                 self->m_status->setProgress(ProgressStatus::Failed);
                 self->m_status->setErrorMessage(
-                    u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
+                    QCoreApplication::translate("CTSubtitleEmbedder",
+                                                "Audio-Video engine gave back the following error:\n%1")
+                        .arg(failureText));
                 self->m_status->setMessage(QString());
                 if (self->m_delegate)
                     self->m_delegate->subtitleEmbedderDidFinish(self.get(), false);
@@ -541,7 +545,9 @@ void CTSubtitleEmbedder::writerThread(std::shared_ptr<Run> run)
         } else {
             self->m_status->setProgress(ProgressStatus::Failed);
             self->m_status->setErrorMessage(
-                u"Audio-Video engine gave back the following error:\n%1"_s.arg(failureText));
+                QCoreApplication::translate("CTSubtitleEmbedder",
+                                            "Audio-Video engine gave back the following error:\n%1")
+                    .arg(failureText));
             self->m_status->setMessage(failureMessage);
         }
         self->m_isWorking = false;

@@ -7,6 +7,7 @@
 #include "VHEncoding.h"
 #include "VHEncodingChooser.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -21,10 +22,12 @@ std::optional<EncodingId> askForEncoding(EncodingId current)
 {
     current = Encodings::canonical(current);
     Prompt prompt;
-    prompt.message = u"File language problem:"_s;
+    prompt.message = QCoreApplication::translate("VHSubtitle", "File language problem:");
     prompt.informative =
-        u"Could not open subtitle file using '%1' encoding. Please select a different encoding:"_s.arg(
-            VHEncoding::nameForEncoding(current));
+        QCoreApplication::translate(
+            "VHSubtitle", "Could not open subtitle file using '%1' encoding. Please select a different "
+                          "encoding:")
+            .arg(VHEncoding::nameForEncoding(current));
     for (const VHEncoding &row : VHEncoding::catalogue()) {
         if (row.isSeparator())
             prompt.choices.append({QString(), 0, true});
@@ -33,8 +36,9 @@ std::optional<EncodingId> askForEncoding(EncodingId current)
     }
     prompt.selectedTag = qint64(current);
     if (!s_encodingDefaultsKey.isEmpty())
-        prompt.checkboxTitle = u"Remember encoding as default."_s;
-    prompt.buttons = {u"Use Selected"_s, u"Cancel"_s};
+        prompt.checkboxTitle = QCoreApplication::translate("VHSubtitle", "Remember encoding as default.");
+    prompt.buttons = {QCoreApplication::translate("VHSubtitle", "Use Selected"),
+                      QCoreApplication::translate("VHSubtitle", "Cancel")};
     const PromptAnswer answer = Prompter::shared().ask(prompt);
     if (answer.button != 0)
         return std::nullopt;

@@ -215,9 +215,9 @@ void VHMovieController::setAudioTrack(int index)
     const Track &track = audio[index];
     if (!isSaveAudioCode(audioCodeForCodecName(track.codec))) {
         Prompt prompt;
-        prompt.message = u"The audio track you selected may not play on your system or even make the app "
-                         u"crash. \nDo you want to continue?"_s;
-        prompt.buttons = {u"Use Unsafe Audio Track"_s, u"Cancel"_s};
+        prompt.message = tr("The audio track you selected may not play on your system or even make the app "
+                            "crash. \nDo you want to continue?");
+        prompt.buttons = {tr("Use Unsafe Audio Track"), tr("Cancel")};
         if (Prompter::shared().ask(prompt).button != 0)
             return;
     }

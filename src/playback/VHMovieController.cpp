@@ -404,7 +404,7 @@ void VHMovieController::drainMpvEvents()
             if (end->reason == MPV_END_FILE_REASON_ERROR && m_waitingForReady &&
                 end->playlist_entry_id == m_entryId) {
                 m_waitingForReady = false;
-                m_loadError = u"libmpv: %1"_s.arg(QString::fromUtf8(mpv_error_string(end->error)));
+                m_loadError = tr("libmpv: %1").arg(QString::fromUtf8(mpv_error_string(end->error)));
                 reportFailedLoading();
             }
             break;

@@ -274,7 +274,7 @@ void VLCMovieController::movieStateChanged(int eventType)
         endStep();
     if (m_isLoading && eventType == libvlc_MediaPlayerEncounteredError) {
         m_isLoading = false;
-        m_loadError = u"libVLC: the file could not be read or decoded"_s;
+        m_loadError = tr("libVLC: the file could not be read or decoded");
         reportFailedLoading();
         return;
     }
@@ -336,7 +336,7 @@ void VLCMovieController::movieStateChanged(int eventType)
     // (it reads unknown bytes to their end rather than failing).
     if (m_isLoading && eventType == libvlc_MediaPlayerEndReached) {
         m_isLoading = false;
-        m_loadError = u"libVLC: no video or audio it can play was found in the file"_s;
+        m_loadError = tr("libVLC: no video or audio it can play was found in the file");
         reportFailedLoading();
         return;
     }

@@ -3,6 +3,8 @@
 #include "CTFileHelper.h"
 #include "LocaleNames.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 LanguagePtr CTLanguage::languageWithFile(const QString &path, const QString &basePath)
@@ -70,10 +72,15 @@ QString CTLanguage::displayName() const
     } else if (!m_locale.isEmpty()) {
         name = LocaleNames::displayName(m_localeIdentifier.isEmpty() ? m_locale : m_localeIdentifier);
         if (name.isNull())
-            name = u"Unknown"_s;
+            name = QCoreApplication::translate("CTLanguage", "Unknown", "a language");
     } else {
-        name = u"Unknown"_s;
+        name = QCoreApplication::translate("CTLanguage", "Unknown", "a language");
     }
+    // A language file is named as one phrase ("English Subtitle"), which languages order
+    // differently; other entries carry no postfix.
+    if (m_postFix == u" Subtitle"_s)
+        return QCoreApplication::translate("CTLanguage", "%1 Subtitle", "a subtitle file in a language")
+            .arg(name + m_specifier);
     return name + m_specifier + m_postFix;
 }
 

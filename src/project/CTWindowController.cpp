@@ -633,9 +633,9 @@ bool CTWindowController::canDropSubtitleTryEmbed(bool tryEmbed)
 {
     if (m_hasChanged) {
         Prompt prompt;
-        prompt.message = u"You have unsaved changes. Do you want to save them?"_s;
-        prompt.buttons = {m_isChaptermark ? u"Save Chapter Marks"_s : u"Save Subtitle"_s,
-                          u"Discard Changes"_s, u"Cancel"_s};
+        prompt.message = tr("You have unsaved changes. Do you want to save them?");
+        prompt.buttons = {m_isChaptermark ? tr("Save Chapter Marks") : tr("Save Subtitle"),
+                          tr("Discard Changes"), tr("Cancel")};
         const PromptAnswer answer = Prompter::shared().ask(prompt);
         if (answer.button == 0) {
             saveSubtitle();

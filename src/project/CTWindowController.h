@@ -6,6 +6,7 @@
 #include "Observable.h"
 #include "VHSubtitle.h"
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 
@@ -32,6 +33,9 @@ class RecoveryStore;
 // Threading: main thread only.
 class CTWindowController : public Observable, public PlaybackControlDelegate, private CueListEditorDelegate
 {
+    // Titles and questions go through the translation tables (the CLI loads none: English).
+    Q_DECLARE_TR_FUNCTIONS(CTWindowController)
+
 public:
     // The ways a fix moves the other cues; the values are stored and compared as numbers.
     enum FixMode : int {
@@ -404,8 +408,6 @@ private:
     void fillAudioMenu();
     void showAudioMenu();
     qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
-    QString fileNoun() const;
-    QString itemNoun() const;
 
     ProjectView *m_view;
     PlaybackControl *m_player;

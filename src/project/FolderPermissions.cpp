@@ -6,6 +6,7 @@
 #include "Prompter.h"
 #include "PropertyList.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -50,11 +51,13 @@ bool FolderPermissions::canGetAccessToFolder(const QString &moviePath, ProjectVi
     const QString folder = QFileInfo(moviePath).absolutePath();
     while (!isWritableFolder(folder)) {
         Prompt prompt;
-        prompt.message =
-            u"To work with subtitle files we need your permission to write in to the folder your "
+        prompt.message = QCoreApplication::translate(
+            "FolderPermissions",
+            "To work with subtitle files we need your permission to write in to the folder your "
             "movie is in.\nPlease Open this folder in the upcoming window. (Make sure you have "
-            "write permission for the folder.)"_s;
-        prompt.buttons = {u"Understood"_s, u"Deny Access"_s};
+            "write permission for the folder.)");
+        prompt.buttons = {QCoreApplication::translate("FolderPermissions", "Understood"),
+                          QCoreApplication::translate("FolderPermissions", "Deny Access")};
         if (Prompter::shared().ask(prompt).button != 0 || !view)
             return false;
         const QString chosen = view->runOpenPanel({}, true, folder);

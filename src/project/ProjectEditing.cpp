@@ -165,14 +165,17 @@ void CTWindowController::addSubtitle()
 
     SubtitlePtr cue;
     if (m_isChaptermark) {
-        cue = VHVideoText::create(u"Chapter %1"_s.arg(index + 1), start, start + 60);
+        // The default names of the marks after it follow the new numbering.
+        const QString name = tr("Chapter %1", "the text of a new chapter mark");
+        cue = VHVideoText::create(name.arg(index + 1), start, start + 60);
         for (qsizetype i = index; i < m_subtitles.size(); ++i) {
-            if (m_subtitles[i]->string() == u"Chapter %1"_s.arg(i + 1))
-                m_subtitles[i]->setString(u"Chapter %1"_s.arg(i + 2));
+            if (m_subtitles[i]->string() == name.arg(i + 1))
+                m_subtitles[i]->setString(name.arg(i + 2));
         }
     } else {
         const float length = float(Settings::shared().doubleValue(u"SubtitleLength"_s));
-        cue = VHSubtitle::create(u"Subtitle"_s, start, start + double(length));
+        cue = VHSubtitle::create(tr("Subtitle", "the text of a new subtitle line"), start,
+                                 start + double(length));
     }
     cue->setFixed(true);
 
@@ -259,16 +262,6 @@ void CTWindowController::silentGotoPreviousSubtitle()
 
 // --- menus ---------------------------------------------------------------------------------
 
-QString CTWindowController::fileNoun() const
-{
-    return m_isChaptermark ? u"Chapter Marks"_s : u"Subtitle"_s;
-}
-
-QString CTWindowController::itemNoun() const
-{
-    return m_isChaptermark ? u"Chapter Mark"_s : u"Subtitle Line"_s;
-}
-
 CTWindowController::MenuState CTWindowController::validateMenuItem(const QString &command,
                                                                    std::optional<bool> inChapterMenu) const
 {
@@ -290,20 +283,23 @@ CTWindowController::MenuState CTWindowController::validateMenuItem(const QString
         state.enabled = m_editor->canRedo();
     } else if (command == u"extractAllSubtitles:"_s) {
         if (m_extractableSubtitles > 0) {
-            state.title = m_extractableSubtitles == 1 ? u"Extract 1 Subtitle"_s
-                                                      : u"Extract %1 Subtitles"_s.arg(m_extractableSubtitles);
+            const int count = int(m_extractableSubtitles);
             if (m_extractableChapters)
-                *state.title += u" and Chapter Marks"_s;
+                state.title = count == 1 ? tr("Extract 1 Subtitle and Chapter Marks")
+                                         : tr("Extract %n Subtitles and Chapter Marks", nullptr, count);
+            else
+                state.title =
+                    count == 1 ? tr("Extract 1 Subtitle") : tr("Extract %n Subtitles", nullptr, count);
         } else {
-            state.title = m_extractableChapters ? u"Extract Chapter Marks"_s
-                                                : u"No Extractable Subtitle or Chapter Marks"_s;
+            state.title = m_extractableChapters ? tr("Extract Chapter Marks")
+                                                : tr("No Extractable Subtitle or Chapter Marks");
         }
         state.enabled = m_extractableSubtitles > 0 || m_extractableChapters;
     } else if (command == u"reloadSubtitle:"_s) {
-        state.title = u"Reload %1"_s.arg(fileNoun());
+        state.title = m_isChaptermark ? tr("Reload Chapter Marks") : tr("Reload Subtitle");
         state.enabled = hasBase;
     } else if (command == u"saveSubtitle:"_s) {
-        state.title = u"Save %1"_s.arg(fileNoun());
+        state.title = m_isChaptermark ? tr("Save Chapter Marks") : tr("Save Subtitle");
         state.enabled = hasBase;
     } else if (command == u"exportSubtitle:"_s) {
         state.enabled = hasBase && !m_subtitles.isEmpty();
@@ -314,19 +310,25 @@ CTWindowController::MenuState CTWindowController::validateMenuItem(const QString
     } else if (command == u"fixSubtitleStart:"_s) {
         state.enabled = canFix();
     } else if (command == u"fixSingleSubtitleStart:"_s) {
-        state.title = u"Fix Single %1 Time"_s.arg(itemNoun());
+        state.title =
+            m_isChaptermark ? tr("Fix Single Chapter Mark Time") : tr("Fix Single Subtitle Line Time");
         state.enabled = canFix();
     } else if (command == u"shiftSubtitles:"_s) {
         state.enabled = hasMovie() && m_currentSubtitle && canShift();
     } else if (command == u"deleteSubtitle:"_s) {
-        state.title = m_selection.size() == 1 ? u"Delete %1"_s.arg(itemNoun())
-                                              : u"Delete %1 %2s"_s.arg(m_selection.size()).arg(itemNoun());
+        const int count = int(m_selection.size());
+        if (m_isChaptermark)
+            state.title =
+                count == 1 ? tr("Delete Chapter Mark") : tr("Delete %n Chapter Marks", nullptr, count);
+        else
+            state.title =
+                count == 1 ? tr("Delete Subtitle Line") : tr("Delete %n Subtitle Lines", nullptr, count);
         state.enabled = !m_selection.isEmpty();
     } else if (command == u"addSubtitle:"_s) {
-        state.title = u"Add %1"_s.arg(itemNoun());
+        state.title = m_isChaptermark ? tr("Add Chapter Mark") : tr("Add Subtitle Line");
         state.enabled = hasBase;
     } else if (command == u"toggleTap2Sync:"_s) {
-        state.title = m_fixMode == 4 ? u"Exit \"Tap2Sync\" Mode"_s : u"Enter \"Tap2Sync\" Mode"_s;
+        state.title = m_fixMode == 4 ? tr("Exit \"Tap2Sync\" Mode") : tr("Enter \"Tap2Sync\" Mode");
         state.checked = m_fixMode == 4;
         state.enabled = hasMovie();
     } else if (command == u"convertChapterMarkToSubtitle:"_s) {
@@ -344,7 +346,7 @@ QString CTWindowController::startFixDuration(double perCharacter, double minimum
                                              bool onlySelected)
 {
     if (minimum > maximum)
-        return u"Minimum is bigger than Maximum"_s;
+        return tr("Minimum is bigger than Maximum");
     adjustDurationPerCharacter(perCharacter, minimum, maximum, gap, onlySelected);
     return {};
 }

@@ -59,8 +59,8 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         target = CTFileHelper::chapterMarksPath(m_basePath);
         if (path != target && (pathExists(target) || m_isChaptermark)) {
             Prompt prompt;
-            prompt.message = u"Overwrite Chaper Marks File?"_s;
-            prompt.buttons = {u"Overwrite"_s, u"Cancel"_s};
+            prompt.message = tr("Overwrite Chaper Marks File?");
+            prompt.buttons = {tr("Overwrite"), tr("Cancel")};
             if (Prompter::shared().ask(prompt).button != 0)
                 target = path;
         }
@@ -93,10 +93,11 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
             NotificationCenter::defaultCenter().post(SubLoadedNotification, this);
         } else {
             Prompt prompt;
-            prompt.message =
-                u"The %1 file cannot be parsed. It's probably malformatted or an unusual format."_s.arg(
-                    chapterMark ? u"chapter mark"_s : u"subtitle"_s);
-            prompt.buttons = {u"OK"_s};
+            prompt.message = chapterMark ? tr("The chapter mark file cannot be parsed. It's probably "
+                                              "malformatted or an unusual format.")
+                                         : tr("The subtitle file cannot be parsed. It's probably "
+                                              "malformatted or an unusual format.");
+            prompt.buttons = {tr("OK")};
             Prompter::shared().ask(prompt);
             logLine(u"Warning: Subtitles/Chapter Mark at %1 could not be loaded"_s.arg(path));
         }
@@ -264,8 +265,8 @@ void CTWindowController::deleteSubtitleFile()
                              ? m_languages[m_selectedLanguageIndex]->displayName()
                              : QString();
     Prompt prompt;
-    prompt.message = u"Are you sure your want to delete '%1'\n%2"_s.arg(name, path);
-    prompt.buttons = {u"Delete '%1'"_s.arg(name), u"Cancel"_s};
+    prompt.message = tr("Are you sure your want to delete '%1'\n%2").arg(name, path);
+    prompt.buttons = {tr("Delete '%1'").arg(name), tr("Cancel")};
     if (Prompter::shared().ask(prompt).button != 0)
         return;
     if (pathExists(path))

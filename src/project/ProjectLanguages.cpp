@@ -32,7 +32,7 @@ std::shared_ptr<LanguageMenu> CTWindowController::sharedLanguageMenu()
             m->items.append({LocaleNames::displayName(code), code});
         std::sort(m->items.begin(), m->items.end(),
                   [](const LanguageMenu::Item &a, const LanguageMenu::Item &b) { return a.title < b.title; });
-        m->items.prepend({u"No Language"_s, QString()});
+        m->items.prepend({tr("No Language"), QString()});
         return m;
     }();
     return menu;
@@ -67,29 +67,29 @@ void CTWindowController::updateLanguages()
     const bool hasChapterFile =
         !m_basePath.isEmpty() && pathExists(CTFileHelper::chapterMarksPath(m_basePath));
     if (hasChapterFile || m_isChaptermark) {
-        const LanguagePtr chapters = command(u"Chapter Marks"_s, u"editChapterMark:"_s);
+        const LanguagePtr chapters = command(tr("Chapter Marks"), u"editChapterMark:"_s);
         m_languages.prepend(chapters);
         if (m_isChaptermark) {
             currentEntry = chapters;
             m_languages.prepend(separator());
-            m_languages.prepend(command(u"Delete Chapter Marks File"_s, u"deleteSubtitleFile:"_s));
+            m_languages.prepend(command(tr("Delete Chapter Marks File"), u"deleteSubtitleFile:"_s));
         }
     }
     if (!m_isChaptermark) {
         m_languages.prepend(separator());
         m_languages.prepend(
-            CTLanguage::languageWithDisplayName(u"Set Subtitle Language"_s, sharedLanguageMenu()));
-        m_languages.prepend(command(u"Delete Current Language"_s, u"deleteSubtitleFile:"_s));
+            CTLanguage::languageWithDisplayName(tr("Set Subtitle Language"), sharedLanguageMenu()));
+        m_languages.prepend(command(tr("Delete Current Language"), u"deleteSubtitleFile:"_s));
     }
     m_languages.prepend(separator());
-    m_languages.prepend(command(u"Rescan Subtitles"_s, u"updateLanguages:"_s));
-    m_languages.prepend(command(u"Download via Web Search"_s, u"searchOnline:"_s));
-    m_languages.prepend(command(u"Open Existing Subtitle"_s, u"loadSubtitle:"_s));
-    m_languages.prepend(command(u"Add Empty Subtitle"_s, u"addSubtitleLanguage:"_s));
+    m_languages.prepend(command(tr("Rescan Subtitles"), u"updateLanguages:"_s));
+    m_languages.prepend(command(tr("Download via Web Search"), u"searchOnline:"_s));
+    m_languages.prepend(command(tr("Open Existing Subtitle"), u"loadSubtitle:"_s));
+    m_languages.prepend(command(tr("Add Empty Subtitle"), u"addSubtitleLanguage:"_s));
 
     m_languages.append(separator());
     if (m_movieKind == 1)
-        m_languages.append(command(u"Embed Subtitles into Movie"_s, u"embedSubtitle:"_s));
+        m_languages.append(command(tr("Embed Subtitles into Movie"), u"embedSubtitle:"_s));
 
     m_selectedLanguageIndex = currentEntry ? m_languages.indexOf(currentEntry) : -1;
     didChangeValueForKey(u"languages"_s);
@@ -199,9 +199,9 @@ void CTWindowController::addSubtitleLanguage()
         return;
     const std::shared_ptr<LanguageMenu> menu = sharedLanguageMenu();
     Prompt prompt;
-    prompt.message = u"Add Empty Subtitle"_s;
-    prompt.informative = u"Choose the language of the new subtitle file:"_s;
-    prompt.buttons = {u"Add"_s, u"Cancel"_s};
+    prompt.message = tr("Add Empty Subtitle");
+    prompt.informative = tr("Choose the language of the new subtitle file:");
+    prompt.buttons = {tr("Add"), tr("Cancel")};
     const QString preferred = Settings::shared().stringValue(u"Locale"_s);
     for (qsizetype i = 0; i < menu->items.size(); ++i) {
         prompt.choices.append({menu->items[i].title, qint64(i), false});

@@ -138,7 +138,7 @@ void CTWindowController::resetAfterFailing()
     setBasePath(QString());
     if (m_view)
         m_view->setMovieAspectRatio(DefaultAspectRatio);
-    m_audioItems = {AudioTrackItem{u"No Audio Track"_s, -1, false}};
+    m_audioItems = {AudioTrackItem{tr("No Audio Track"), -1, false}};
     showAudioMenu();
     storeSubtitlePath(QString());
     if (!m_moviePath.isEmpty()) {
@@ -160,11 +160,11 @@ void CTWindowController::resetAfterFailing()
 void CTWindowController::tellMovieCouldNotBeOpened(const QString &path, const QStringList &reasons)
 {
     Prompt prompt;
-    prompt.message = u"The movie “%1” could not be opened."_s.arg(QFileInfo(path).fileName());
+    prompt.message = tr("The movie “%1” could not be opened.").arg(QFileInfo(path).fileName());
     // Each player's reason on a line of its own, then where the file is.
-    prompt.informative = reasons.isEmpty() ? u"No player here can play it.\n\n%1"_s.arg(path)
+    prompt.informative = reasons.isEmpty() ? tr("No player here can play it.\n\n%1").arg(path)
                                            : u"%1.\n\n%2"_s.arg(reasons.join(u".\n"_s), path);
-    prompt.buttons = {u"OK"_s};
+    prompt.buttons = {tr("OK")};
     // Asked after the current call: this runs inside a player's report, and the question
     // waits for the user.
     MainQueue::main().post([alive = std::weak_ptr<void>(m_alive), prompt] {
@@ -234,7 +234,7 @@ void CTWindowController::fillAudioMenu()
 {
     m_audioItems = m_player ? m_player->audioMenuItems() : QList<AudioTrackItem>();
     if (m_audioItems.isEmpty()) {
-        m_audioItems = {AudioTrackItem{u"No Audio Track"_s, -1, false}};
+        m_audioItems = {AudioTrackItem{tr("No Audio Track"), -1, false}};
         showAudioMenu();
         return;
     }
@@ -294,8 +294,8 @@ bool CTWindowController::willAutoEmbed()
     if (!Settings::shared().boolValue(u"AutoEmbed"_s) || m_embeddingState != 2 || !canEmbed())
         return false;
     Prompt prompt;
-    prompt.message = u"Do you want to embed your subtitles into the M4V file?"_s;
-    prompt.buttons = {u"Open Embedding Options"_s, u"Don't Embed Subtitles"_s};
+    prompt.message = tr("Do you want to embed your subtitles into the M4V file?");
+    prompt.buttons = {tr("Open Embedding Options"), tr("Don't Embed Subtitles")};
     if (Prompter::shared().ask(prompt).button != 0)
         return false;
     embedSubtitle();

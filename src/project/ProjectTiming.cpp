@@ -185,13 +185,13 @@ void CTWindowController::toggleTap2Sync()
     Settings &settings = Settings::shared();
     if (!settings.boolValue(u"ShownTap2Sync"_s)) {
         Prompt prompt;
-        prompt.message = u"How to use \"Tap2Sync\""_s;
+        prompt.message = tr("How to use \"Tap2Sync\"");
         prompt.informative =
-            u"Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear "
-            "the current subtitle instantly press space. It will fix that subtitle and move to "
-            "the next."_s;
-        prompt.buttons = {u"Start"_s, u"Cancel"_s};
-        prompt.checkboxTitle = u"Do not show this message again"_s;
+            tr("Tap2Sync let's you quickly sync a full video by watching it. Whenever you hear "
+               "the current subtitle instantly press space. It will fix that subtitle and move to "
+               "the next.");
+        prompt.buttons = {tr("Start", "button: begin Tap2Sync"), tr("Cancel")};
+        prompt.checkboxTitle = tr("Do not show this message again");
         const PromptAnswer answer = Prompter::shared().ask(prompt);
         if (answer.button != 0)
             return;
@@ -212,7 +212,7 @@ void CTWindowController::movieChangedPlaying(bool playing)
     if (!playing && m_fixMode == 4)
         setFixMode(defaultFixMode());
     if (m_view)
-        m_view->setPlayButtonTitle(playing ? u"Pause"_s : u"Play"_s);
+        m_view->setPlayButtonTitle(playing ? tr("Pause") : tr("Play"));
 }
 
 // --- fixing ----------------------------------------------------------------------------------

@@ -1,0 +1,879 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>CTFixButton</name>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Einzeln</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <comment>fix mode in Tap2Sync</comment>
+        <translation>Tippen</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fixieren</translation>
+    </message>
+</context>
+<context>
+    <name>CTLanguage</name>
+    <message>
+        <source>Unknown</source>
+        <comment>a language</comment>
+        <translation>Unbekannt</translation>
+    </message>
+    <message>
+        <source>%1 Subtitle</source>
+        <comment>a subtitle file in a language</comment>
+        <translation>Untertitel %1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleEmbedder</name>
+    <message>
+        <source>Embedding Subtitles into %1</source>
+        <translation>Untertitel werden in „%1“ eingebettet</translation>
+    </message>
+    <message>
+        <source>Failed: %1 exists</source>
+        <translation>Fehlgeschlagen: %1 ist bereits vorhanden</translation>
+    </message>
+    <message>
+        <source>The movie &apos;%1&apos; is damaged: %2.
+ Do you want to continue embedding what can be read?</source>
+        <translation>Der Film „%1“ ist beschädigt: %2.
+ Möchten Sie einbetten, was sich lesen lässt?</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortfahren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Subtitle &apos;%1&apos; cannot be embedded (file or structure broken).
+ Do you want to continue embedding without this subtitle</source>
+        <translation>Der Untertitel „%1“ kann nicht eingebettet werden (Datei oder Aufbau beschädigt).
+ Möchten Sie ohne diesen Untertitel weiter einbetten?</translation>
+    </message>
+    <message>
+        <source>Failed: Broken Data</source>
+        <translation>Fehlgeschlagen: beschädigte Daten</translation>
+    </message>
+    <message>
+        <source>Finished embedding the file you are currently editing. We need to reload the file to avoid conflicts.</source>
+        <translation>Das Einbetten der Datei, die Sie gerade bearbeiten, ist abgeschlossen. Die Datei wird neu geladen, damit es keine Konflikte gibt.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Optimizing</source>
+        <translation>Wird optimiert</translation>
+    </message>
+    <message>
+        <source>Audio-Video engine gave back the following error:
+%1</source>
+        <translation>Die Audio- und Videobibliothek meldete folgenden Fehler:
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleExtractor</name>
+    <message>
+        <source>A subtitle with the name &apos;%1&apos; already exists</source>
+        <translation>Ein Untertitel mit dem Namen „%1“ ist bereits vorhanden</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+</context>
+<context>
+    <name>CTWindowController</name>
+    <message>
+        <source>You have unsaved changes. Do you want to save them?</source>
+        <translation>Es gibt ungespeicherte Änderungen. Möchten Sie sie speichern?</translation>
+    </message>
+    <message>
+        <source>Save Chapter Marks</source>
+        <translation>Kapitelmarken speichern</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Untertitel speichern</translation>
+    </message>
+    <message>
+        <source>Discard Changes</source>
+        <translation>Änderungen verwerfen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Chapter %1</source>
+        <comment>the text of a new chapter mark</comment>
+        <translation>Kapitel %1</translation>
+    </message>
+    <message>
+        <source>Subtitle</source>
+        <comment>the text of a new subtitle line</comment>
+        <translation>Untertitel</translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle and Chapter Marks</source>
+        <translation>1 Untertitel und Kapitelmarken extrahieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles and Chapter Marks</source>
+        <translation>
+            <numerusform>%n Untertitel und Kapitelmarken extrahieren</numerusform>
+            <numerusform>%n Untertitel und Kapitelmarken extrahieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle</source>
+        <translation>1 Untertitel extrahieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles</source>
+        <translation>
+            <numerusform>%n Untertitel extrahieren</numerusform>
+            <numerusform>%n Untertitel extrahieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract Chapter Marks</source>
+        <translation>Kapitelmarken extrahieren</translation>
+    </message>
+    <message>
+        <source>No Extractable Subtitle or Chapter Marks</source>
+        <translation>Keine extrahierbaren Untertitel oder Kapitelmarken</translation>
+    </message>
+    <message>
+        <source>Reload Chapter Marks</source>
+        <translation>Kapitelmarken neu laden</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Untertitel neu laden</translation>
+    </message>
+    <message>
+        <source>Fix Single Chapter Mark Time</source>
+        <translation>Einzelne Kapitelmarke fixieren</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Einzelne Untertitelzeile fixieren</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Mark</source>
+        <translation>Kapitelmarke löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Chapter Marks</source>
+        <translation>
+            <numerusform>%n Kapitelmarke löschen</numerusform>
+            <numerusform>%n Kapitelmarken löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Untertitelzeile löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Subtitle Lines</source>
+        <translation>
+            <numerusform>%n Untertitelzeile löschen</numerusform>
+            <numerusform>%n Untertitelzeilen löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add Chapter Mark</source>
+        <translation>Kapitelmarke hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Untertitelzeile hinzufügen</translation>
+    </message>
+    <message>
+        <source>Exit &quot;Tap2Sync&quot; Mode</source>
+        <translation>Modus „Tap2Sync“ beenden</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Modus „Tap2Sync“ starten</translation>
+    </message>
+    <message>
+        <source>Minimum is bigger than Maximum</source>
+        <translation>Das Minimum ist größer als das Maximum</translation>
+    </message>
+    <message>
+        <source>Overwrite Chaper Marks File?</source>
+        <translation>Datei mit Kapitelmarken überschreiben?</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Überschreiben</translation>
+    </message>
+    <message>
+        <source>The chapter mark file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>Die Datei mit Kapitelmarken kann nicht gelesen werden. Sie ist vermutlich fehlerhaft oder in einem ungewöhnlichen Format.</translation>
+    </message>
+    <message>
+        <source>The subtitle file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>Die Untertiteldatei kann nicht gelesen werden. Sie ist vermutlich fehlerhaft oder in einem ungewöhnlichen Format.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Are you sure your want to delete &apos;%1&apos;
+%2</source>
+        <translation>Möchten Sie „%1“ wirklich löschen?
+%2</translation>
+    </message>
+    <message>
+        <source>Delete &apos;%1&apos;</source>
+        <translation>„%1“ löschen</translation>
+    </message>
+    <message>
+        <source>No Language</source>
+        <translation>Keine Sprache</translation>
+    </message>
+    <message>
+        <source>Chapter Marks</source>
+        <translation>Kapitelmarken</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Marks File</source>
+        <translation>Datei mit Kapitelmarken löschen</translation>
+    </message>
+    <message>
+        <source>Set Subtitle Language</source>
+        <translation>Sprache der Untertitel festlegen</translation>
+    </message>
+    <message>
+        <source>Delete Current Language</source>
+        <translation>Aktuelle Sprache löschen</translation>
+    </message>
+    <message>
+        <source>Rescan Subtitles</source>
+        <translation>Untertitel neu suchen</translation>
+    </message>
+    <message>
+        <source>Download via Web Search</source>
+        <translation>Über die Websuche herunterladen</translation>
+    </message>
+    <message>
+        <source>Open Existing Subtitle</source>
+        <translation>Vorhandene Untertitel öffnen</translation>
+    </message>
+    <message>
+        <source>Add Empty Subtitle</source>
+        <translation>Leere Untertitel hinzufügen</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie</source>
+        <translation>Untertitel in den Film einbetten</translation>
+    </message>
+    <message>
+        <source>Choose the language of the new subtitle file:</source>
+        <translation>Wählen Sie die Sprache der neuen Untertiteldatei:</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Keine Tonspur</translation>
+    </message>
+    <message>
+        <source>The movie “%1” could not be opened.</source>
+        <translation>Der Film „%1“ konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>No player here can play it.
+
+%1</source>
+        <translation>Keiner der Player hier kann ihn abspielen.
+
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to embed your subtitles into the M4V file?</source>
+        <translation>Möchten Sie Ihre Untertitel in die M4V-Datei einbetten?</translation>
+    </message>
+    <message>
+        <source>Open Embedding Options</source>
+        <translation>Optionen zum Einbetten öffnen</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Embed Subtitles</source>
+        <translation>Untertitel nicht einbetten</translation>
+    </message>
+    <message>
+        <source>How to use &quot;Tap2Sync&quot;</source>
+        <translation>So funktioniert „Tap2Sync“</translation>
+    </message>
+    <message>
+        <source>Tap2Sync let&apos;s you quickly sync a full video by watching it. Whenever you hear the current subtitle instantly press space. It will fix that subtitle and move to the next.</source>
+        <translation>Mit Tap2Sync synchronisieren Sie einen ganzen Film schnell, während Sie ihn ansehen. Sobald Sie die aktuelle Untertitelzeile hören, drücken Sie sofort die Leertaste. Die Zeile wird dann fixiert, und es geht zur nächsten.</translation>
+    </message>
+    <message>
+        <source>Do not show this message again</source>
+        <translation>Diese Meldung nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin Tap2Sync</comment>
+        <translation>Starten</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableModel</name>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Erzwungen</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Beginn</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPermissions</name>
+    <message>
+        <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
+Please Open this folder in the upcoming window. (Make sure you have write permission for the folder.)</source>
+        <translation>Um mit Untertiteldateien zu arbeiten, braucht Captora Schreibzugriff auf den Ordner, in dem Ihr Film liegt.
+Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass Sie in diesem Ordner schreiben dürfen.)</translation>
+    </message>
+    <message>
+        <source>Understood</source>
+        <translation>Verstanden</translation>
+    </message>
+    <message>
+        <source>Deny Access</source>
+        <translation>Zugriff verweigern</translation>
+    </message>
+</context>
+<context>
+    <name>MovieServices</name>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Untertitel extrahieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectWindow</name>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Five frames</source>
+        <translation>Fünf Bilder</translation>
+    </message>
+    <message>
+        <source>One frame</source>
+        <translation>Ein Bild</translation>
+    </message>
+    <message>
+        <source>Show the subtitle over the movie</source>
+        <translation>Untertitel über dem Film anzeigen</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Case-sensitive search</source>
+        <translation>Groß-/Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>Alle ersetzen</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Erzwungen</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
+    </message>
+    <message>
+        <source>The times the current line&apos;s start may be fixed between</source>
+        <translation>Der Bereich, in dem der Beginn der aktuellen Zeile fixiert werden kann</translation>
+    </message>
+    <message>
+        <source>Files (%1)</source>
+        <translation>Dateien (%1)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>Open Movie…</source>
+        <translation>Film öffnen …</translation>
+    </message>
+    <message>
+        <source>Open Subtitle…</source>
+        <translation>Untertitel öffnen …</translation>
+    </message>
+    <message>
+        <source>New Subtitle…</source>
+        <translation>Neue Untertitel …</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Untertitel speichern</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportieren …</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Untertitel neu laden</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie…</source>
+        <translation>Untertitel in den Film einbetten …</translation>
+    </message>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Untertitel extrahieren</translation>
+    </message>
+    <message>
+        <source>Download via Web Search…</source>
+        <translation>Über die Websuche herunterladen …</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Untertitelzeile hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Untertitelzeile löschen</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Next Line</source>
+        <translation>Nächste Zeile</translation>
+    </message>
+    <message>
+        <source>Previous Line</source>
+        <translation>Vorherige Zeile</translation>
+    </message>
+    <message>
+        <source>Adjust Durations…</source>
+        <translation>Dauer anpassen …</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Language…</source>
+        <translation>Untertitelsprache hinzufügen …</translation>
+    </message>
+    <message>
+        <source>&amp;Chapter Marks</source>
+        <translation>&amp;Kapitelmarken</translation>
+    </message>
+    <message>
+        <source>Edit Chapter Marks</source>
+        <translation>Kapitelmarken bearbeiten</translation>
+    </message>
+    <message>
+        <source>Convert Chapter Marks to Subtitle</source>
+        <translation>Kapitelmarken in Untertitel umwandeln</translation>
+    </message>
+    <message>
+        <source>&amp;Timing</source>
+        <translation>&amp;Timing</translation>
+    </message>
+    <message>
+        <source>Fix Subtitle Start</source>
+        <translation>Untertitelbeginn fixieren</translation>
+    </message>
+    <message>
+        <source>Shift Subtitles</source>
+        <translation>Untertitel verschieben</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Einzelne Untertitelzeile fixieren</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Modus „Tap2Sync“ starten</translation>
+    </message>
+    <message>
+        <source>&amp;Movie</source>
+        <translation>&amp;Film</translation>
+    </message>
+    <message>
+        <source>One Frame Back</source>
+        <translation>Ein Bild zurück</translation>
+    </message>
+    <message>
+        <source>One Frame Forward</source>
+        <translation>Ein Bild vor</translation>
+    </message>
+    <message>
+        <source>Five Frames Back</source>
+        <translation>Fünf Bilder zurück</translation>
+    </message>
+    <message>
+        <source>Five Frames Forward</source>
+        <translation>Fünf Bilder vor</translation>
+    </message>
+    <message>
+        <source>Audio Track</source>
+        <translation>Tonspur</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Keine Tonspur</translation>
+    </message>
+    <message>
+        <source>No Subtitle</source>
+        <translation>Keine Untertitel</translation>
+    </message>
+    <message>
+        <source>Windows line breaks</source>
+        <translation>Windows-Zeilenumbrüche</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
+    <message>
+        <source>Encoding:</source>
+        <translation>Zeichenkodierung:</translation>
+    </message>
+    <message>
+        <source>Adjust Durations</source>
+        <translation>Dauer anpassen</translation>
+    </message>
+    <message>
+        <source>Seconds per character:</source>
+        <translation>Sekunden pro Zeichen:</translation>
+    </message>
+    <message>
+        <source>Minimum:</source>
+        <translation>Minimum:</translation>
+    </message>
+    <message>
+        <source>Maximum:</source>
+        <translation>Maximum:</translation>
+    </message>
+    <message>
+        <source>Gap:</source>
+        <translation>Abstand:</translation>
+    </message>
+    <message>
+        <source>Only selected lines</source>
+        <translation>Nur ausgewählte Zeilen</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin adjusting</comment>
+        <translation>Starten</translation>
+    </message>
+</context>
+<context>
+    <name>VHEncoding</name>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>UTF-16 Big Endian</source>
+        <translation>UTF-16 Big Endian</translation>
+    </message>
+    <message>
+        <source>UTF-16 Little Endian</source>
+        <translation>UTF-16 Little Endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Big Endian</source>
+        <translation>UTF-32 Big Endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Little Endian</source>
+        <translation>UTF-32 Little Endian</translation>
+    </message>
+    <message>
+        <source>Window Latin 1</source>
+        <translation>Windows Latin 1</translation>
+    </message>
+    <message>
+        <source>Window Latin 2</source>
+        <translation>Windows Latin 2</translation>
+    </message>
+    <message>
+        <source>Window Latin 5</source>
+        <translation>Windows Latin 5</translation>
+    </message>
+    <message>
+        <source>Non Lossy ASCII</source>
+        <translation>Verlustfreies ASCII</translation>
+    </message>
+    <message>
+        <source>Chinese GB 18030</source>
+        <translation>Chinesisch GB 18030</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (DOS)</source>
+        <translation>Chinesisch vereinfacht (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (Mac)</source>
+        <translation>Chinesisch vereinfacht (Mac)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad. (DOS)</source>
+        <translation>Chinesisch traditionell (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad (Mac)</source>
+        <translation>Chinesisch traditionell (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (DOS)</source>
+        <translation>Kyrillisch (DOS)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (ISO)</source>
+        <translation>Kyrillisch (ISO)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Mac)</source>
+        <translation>Kyrillisch (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Windows)</source>
+        <translation>Kyrillisch (Windows)</translation>
+    </message>
+    <message>
+        <source>Greek (DOS)</source>
+        <translation>Griechisch (DOS)</translation>
+    </message>
+    <message>
+        <source>Greek (ISO)</source>
+        <translation>Griechisch (ISO)</translation>
+    </message>
+    <message>
+        <source>Greek (Mac)</source>
+        <translation>Griechisch (Mac)</translation>
+    </message>
+    <message>
+        <source>Greek (Windows)</source>
+        <translation>Griechisch (Windows)</translation>
+    </message>
+    <message>
+        <source>Hebrew (DOS)</source>
+        <translation>Hebräisch (DOS)</translation>
+    </message>
+    <message>
+        <source>Hebrew (ISO)</source>
+        <translation>Hebräisch (ISO)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Mac)</source>
+        <translation>Hebräisch (Mac)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Windows)</source>
+        <translation>Hebräisch (Windows)</translation>
+    </message>
+    <message>
+        <source>Japanese EUC</source>
+        <translation>Japanisch EUC</translation>
+    </message>
+    <message>
+        <source>Japanese ISO 2022</source>
+        <translation>Japanisch ISO 2022</translation>
+    </message>
+    <message>
+        <source>Japanese (DOS)</source>
+        <translation>Japanisch (DOS)</translation>
+    </message>
+    <message>
+        <source>Japanese (Mac)</source>
+        <translation>Japanisch (Mac)</translation>
+    </message>
+    <message>
+        <source>Japanese (Next Step)</source>
+        <translation>Japanisch (Next Step)</translation>
+    </message>
+    <message>
+        <source>Korean (Mac)</source>
+        <translation>Koreanisch (Mac)</translation>
+    </message>
+    <message>
+        <source>Korean (Windows)</source>
+        <translation>Koreanisch (Windows)</translation>
+    </message>
+</context>
+<context>
+    <name>VHMovieController</name>
+    <message>
+        <source>Track %1</source>
+        <translation>Spur %1</translation>
+    </message>
+    <message>
+        <source>The audio track you selected may not play on your system or even make the app crash. 
+Do you want to continue?</source>
+        <translation>Die gewählte Tonspur lässt sich auf Ihrem System womöglich nicht abspielen oder bringt das Programm sogar zum Absturz. 
+Möchten Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>Use Unsafe Audio Track</source>
+        <translation>Unsichere Tonspur verwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Subtitles</source>
+        <translation>Untertitel</translation>
+    </message>
+    <message>
+        <source>Show Subtitles</source>
+        <translation>Untertitel anzeigen</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>libmpv: %1</source>
+        <translation>libmpv: %1</translation>
+    </message>
+</context>
+<context>
+    <name>VHSubtitle</name>
+    <message>
+        <source>File language problem:</source>
+        <translation>Problem mit der Sprache der Datei:</translation>
+    </message>
+    <message>
+        <source>Could not open subtitle file using &apos;%1&apos; encoding. Please select a different encoding:</source>
+        <translation>Die Untertiteldatei ließ sich mit der Zeichenkodierung „%1“ nicht öffnen. Bitte wählen Sie eine andere Zeichenkodierung:</translation>
+    </message>
+    <message>
+        <source>Remember encoding as default.</source>
+        <translation>Zeichenkodierung als Standard merken.</translation>
+    </message>
+    <message>
+        <source>Use Selected</source>
+        <translation>Ausgewählte verwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>VLCMovieController</name>
+    <message>
+        <source>libVLC: the file could not be read or decoded</source>
+        <translation>libVLC: Die Datei konnte nicht gelesen oder dekodiert werden</translation>
+    </message>
+    <message>
+        <source>libVLC: no video or audio it can play was found in the file</source>
+        <translation>libVLC: In der Datei wurde kein abspielbares Video oder Audio gefunden</translation>
+    </message>
+</context>
+</TS>

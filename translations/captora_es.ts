@@ -1,0 +1,879 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es">
+<context>
+    <name>CTFixButton</name>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Desplazar</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Sola</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <comment>fix mode in Tap2Sync</comment>
+        <translation>Pulsar</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fijar</translation>
+    </message>
+</context>
+<context>
+    <name>CTLanguage</name>
+    <message>
+        <source>Unknown</source>
+        <comment>a language</comment>
+        <translation>idioma desconocido</translation>
+    </message>
+    <message>
+        <source>%1 Subtitle</source>
+        <comment>a subtitle file in a language</comment>
+        <translation>Subtítulos en %1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleEmbedder</name>
+    <message>
+        <source>Embedding Subtitles into %1</source>
+        <translation>Incorporando los subtítulos en «%1»</translation>
+    </message>
+    <message>
+        <source>Failed: %1 exists</source>
+        <translation>Error: %1 ya existe</translation>
+    </message>
+    <message>
+        <source>The movie &apos;%1&apos; is damaged: %2.
+ Do you want to continue embedding what can be read?</source>
+        <translation>La película «%1» está dañada: %2.
+ ¿Desea seguir incorporando lo que se pueda leer?</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuar</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Subtitle &apos;%1&apos; cannot be embedded (file or structure broken).
+ Do you want to continue embedding without this subtitle</source>
+        <translation>Los subtítulos «%1» no se pueden incorporar (archivo o estructura dañados).
+ ¿Desea seguir incorporando sin estos subtítulos?</translation>
+    </message>
+    <message>
+        <source>Failed: Broken Data</source>
+        <translation>Error: datos dañados</translation>
+    </message>
+    <message>
+        <source>Finished embedding the file you are currently editing. We need to reload the file to avoid conflicts.</source>
+        <translation>Ha terminado la incorporación del archivo que está editando. Hay que volver a cargarlo para evitar conflictos.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Optimizing</source>
+        <translation>Optimizando</translation>
+    </message>
+    <message>
+        <source>Audio-Video engine gave back the following error:
+%1</source>
+        <translation>El motor de audio y vídeo devolvió el siguiente error:
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleExtractor</name>
+    <message>
+        <source>A subtitle with the name &apos;%1&apos; already exists</source>
+        <translation>Ya existen unos subtítulos con el nombre «%1»</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sobrescribir</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Conservar ambos</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+</context>
+<context>
+    <name>CTWindowController</name>
+    <message>
+        <source>You have unsaved changes. Do you want to save them?</source>
+        <translation>Hay cambios sin guardar. ¿Desea guardarlos?</translation>
+    </message>
+    <message>
+        <source>Save Chapter Marks</source>
+        <translation>Guardar las marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Guardar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Discard Changes</source>
+        <translation>Descartar los cambios</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Chapter %1</source>
+        <comment>the text of a new chapter mark</comment>
+        <translation>Capítulo %1</translation>
+    </message>
+    <message>
+        <source>Subtitle</source>
+        <comment>the text of a new subtitle line</comment>
+        <translation>Subtítulo</translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle and Chapter Marks</source>
+        <translation>Extraer 1 subtítulo y las marcas de capítulo</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles and Chapter Marks</source>
+        <translation>
+            <numerusform>Extraer %n subtítulo y las marcas de capítulo</numerusform>
+            <numerusform>Extraer %n subtítulos y las marcas de capítulo</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle</source>
+        <translation>Extraer 1 subtítulo</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles</source>
+        <translation>
+            <numerusform>Extraer %n subtítulo</numerusform>
+            <numerusform>Extraer %n subtítulos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract Chapter Marks</source>
+        <translation>Extraer las marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>No Extractable Subtitle or Chapter Marks</source>
+        <translation>No hay subtítulos ni marcas de capítulo que extraer</translation>
+    </message>
+    <message>
+        <source>Reload Chapter Marks</source>
+        <translation>Volver a cargar las marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Volver a cargar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Fix Single Chapter Mark Time</source>
+        <translation>Fijar solo una marca de capítulo</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Fijar solo una línea de subtítulo</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Mark</source>
+        <translation>Eliminar la marca de capítulo</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Chapter Marks</source>
+        <translation>
+            <numerusform>Eliminar %n marca de capítulo</numerusform>
+            <numerusform>Eliminar %n marcas de capítulo</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Eliminar la línea de subtítulo</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Subtitle Lines</source>
+        <translation>
+            <numerusform>Eliminar %n línea de subtítulo</numerusform>
+            <numerusform>Eliminar %n líneas de subtítulo</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add Chapter Mark</source>
+        <translation>Añadir una marca de capítulo</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Añadir una línea de subtítulo</translation>
+    </message>
+    <message>
+        <source>Exit &quot;Tap2Sync&quot; Mode</source>
+        <translation>Salir del modo «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Entrar en el modo «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Minimum is bigger than Maximum</source>
+        <translation>El mínimo es mayor que el máximo</translation>
+    </message>
+    <message>
+        <source>Overwrite Chaper Marks File?</source>
+        <translation>¿Sobrescribir el archivo de marcas de capítulo?</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Sobrescribir</translation>
+    </message>
+    <message>
+        <source>The chapter mark file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>No se puede leer el archivo de marcas de capítulo. Probablemente está mal formado o tiene un formato poco habitual.</translation>
+    </message>
+    <message>
+        <source>The subtitle file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>No se puede leer el archivo de subtítulos. Probablemente está mal formado o tiene un formato poco habitual.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message>
+        <source>Are you sure your want to delete &apos;%1&apos;
+%2</source>
+        <translation>¿Seguro que desea eliminar «%1»?
+%2</translation>
+    </message>
+    <message>
+        <source>Delete &apos;%1&apos;</source>
+        <translation>Eliminar «%1»</translation>
+    </message>
+    <message>
+        <source>No Language</source>
+        <translation>Sin idioma</translation>
+    </message>
+    <message>
+        <source>Chapter Marks</source>
+        <translation>Marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Marks File</source>
+        <translation>Eliminar el archivo de marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Set Subtitle Language</source>
+        <translation>Establecer el idioma de los subtítulos</translation>
+    </message>
+    <message>
+        <source>Delete Current Language</source>
+        <translation>Eliminar el idioma actual</translation>
+    </message>
+    <message>
+        <source>Rescan Subtitles</source>
+        <translation>Volver a buscar subtítulos</translation>
+    </message>
+    <message>
+        <source>Download via Web Search</source>
+        <translation>Descargar mediante búsqueda web</translation>
+    </message>
+    <message>
+        <source>Open Existing Subtitle</source>
+        <translation>Abrir subtítulos existentes</translation>
+    </message>
+    <message>
+        <source>Add Empty Subtitle</source>
+        <translation>Añadir subtítulos vacíos</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie</source>
+        <translation>Incorporar los subtítulos a la película</translation>
+    </message>
+    <message>
+        <source>Choose the language of the new subtitle file:</source>
+        <translation>Elija el idioma del nuevo archivo de subtítulos:</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Añadir</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Sin pista de audio</translation>
+    </message>
+    <message>
+        <source>The movie “%1” could not be opened.</source>
+        <translation>No se pudo abrir la película «%1».</translation>
+    </message>
+    <message>
+        <source>No player here can play it.
+
+%1</source>
+        <translation>Ningún reproductor disponible puede reproducirla.
+
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to embed your subtitles into the M4V file?</source>
+        <translation>¿Desea incorporar sus subtítulos al archivo M4V?</translation>
+    </message>
+    <message>
+        <source>Open Embedding Options</source>
+        <translation>Abrir las opciones de incorporación</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Embed Subtitles</source>
+        <translation>No incorporar los subtítulos</translation>
+    </message>
+    <message>
+        <source>How to use &quot;Tap2Sync&quot;</source>
+        <translation>Cómo usar «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Tap2Sync let&apos;s you quickly sync a full video by watching it. Whenever you hear the current subtitle instantly press space. It will fix that subtitle and move to the next.</source>
+        <translation>Tap2Sync le permite sincronizar rápidamente un vídeo completo mientras lo ve. Cuando oiga la línea de subtítulo actual, pulse de inmediato la barra espaciadora. La línea quedará fijada y se pasará a la siguiente.</translation>
+    </message>
+    <message>
+        <source>Do not show this message again</source>
+        <translation>No volver a mostrar este mensaje</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin Tap2Sync</comment>
+        <translation>Iniciar</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableModel</name>
+    <message>
+        <source>Duration</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Forzado</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Inicio</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPermissions</name>
+    <message>
+        <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
+Please Open this folder in the upcoming window. (Make sure you have write permission for the folder.)</source>
+        <translation>Para trabajar con archivos de subtítulos, Captora necesita permiso de escritura en la carpeta donde está su película.
+Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de tener permiso de escritura en ella.)</translation>
+    </message>
+    <message>
+        <source>Understood</source>
+        <translation>Entendido</translation>
+    </message>
+    <message>
+        <source>Deny Access</source>
+        <translation>Denegar el acceso</translation>
+    </message>
+</context>
+<context>
+    <name>MovieServices</name>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Extraer los subtítulos</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectWindow</name>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Five frames</source>
+        <translation>Cinco fotogramas</translation>
+    </message>
+    <message>
+        <source>One frame</source>
+        <translation>Un fotograma</translation>
+    </message>
+    <message>
+        <source>Show the subtitle over the movie</source>
+        <translation>Mostrar los subtítulos sobre la película</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Pantalla completa</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Case-sensitive search</source>
+        <translation>Distinguir mayúsculas y minúsculas</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Reemplazar por</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>Reemplazar todo</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Forzado</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Duración</translation>
+    </message>
+    <message>
+        <source>The times the current line&apos;s start may be fixed between</source>
+        <translation>El intervalo en el que puede fijarse el inicio de la línea actual</translation>
+    </message>
+    <message>
+        <source>Files (%1)</source>
+        <translation>Archivos (%1)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Archivo</translation>
+    </message>
+    <message>
+        <source>Open Movie…</source>
+        <translation>Abrir película…</translation>
+    </message>
+    <message>
+        <source>Open Subtitle…</source>
+        <translation>Abrir subtítulos…</translation>
+    </message>
+    <message>
+        <source>New Subtitle…</source>
+        <translation>Subtítulos nuevos…</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Guardar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportar…</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Volver a cargar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie…</source>
+        <translation>Incorporar los subtítulos a la película…</translation>
+    </message>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Extraer los subtítulos</translation>
+    </message>
+    <message>
+        <source>Download via Web Search…</source>
+        <translation>Descargar mediante búsqueda web…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Editar</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Añadir una línea de subtítulo</translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Eliminar la línea de subtítulo</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Buscar</translation>
+    </message>
+    <message>
+        <source>Next Line</source>
+        <translation>Línea siguiente</translation>
+    </message>
+    <message>
+        <source>Previous Line</source>
+        <translation>Línea anterior</translation>
+    </message>
+    <message>
+        <source>Adjust Durations…</source>
+        <translation>Ajustar duraciones…</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Language…</source>
+        <translation>Añadir idioma de subtítulos…</translation>
+    </message>
+    <message>
+        <source>&amp;Chapter Marks</source>
+        <translation>&amp;Marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Edit Chapter Marks</source>
+        <translation>Editar las marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>Convert Chapter Marks to Subtitle</source>
+        <translation>Convertir las marcas de capítulo en subtítulos</translation>
+    </message>
+    <message>
+        <source>&amp;Timing</source>
+        <translation>&amp;Sincronización</translation>
+    </message>
+    <message>
+        <source>Fix Subtitle Start</source>
+        <translation>Fijar el inicio del subtítulo</translation>
+    </message>
+    <message>
+        <source>Shift Subtitles</source>
+        <translation>Desplazar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Fijar solo una línea de subtítulo</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Entrar en el modo «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>&amp;Movie</source>
+        <translation>&amp;Película</translation>
+    </message>
+    <message>
+        <source>One Frame Back</source>
+        <translation>Un fotograma atrás</translation>
+    </message>
+    <message>
+        <source>One Frame Forward</source>
+        <translation>Un fotograma adelante</translation>
+    </message>
+    <message>
+        <source>Five Frames Back</source>
+        <translation>Cinco fotogramas atrás</translation>
+    </message>
+    <message>
+        <source>Five Frames Forward</source>
+        <translation>Cinco fotogramas adelante</translation>
+    </message>
+    <message>
+        <source>Audio Track</source>
+        <translation>Pista de audio</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Sin pista de audio</translation>
+    </message>
+    <message>
+        <source>No Subtitle</source>
+        <translation>Sin subtítulos</translation>
+    </message>
+    <message>
+        <source>Windows line breaks</source>
+        <translation>Saltos de línea de Windows</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Formato:</translation>
+    </message>
+    <message>
+        <source>Encoding:</source>
+        <translation>Codificación:</translation>
+    </message>
+    <message>
+        <source>Adjust Durations</source>
+        <translation>Ajustar duraciones</translation>
+    </message>
+    <message>
+        <source>Seconds per character:</source>
+        <translation>Segundos por carácter:</translation>
+    </message>
+    <message>
+        <source>Minimum:</source>
+        <translation>Mínimo:</translation>
+    </message>
+    <message>
+        <source>Maximum:</source>
+        <translation>Máximo:</translation>
+    </message>
+    <message>
+        <source>Gap:</source>
+        <translation>Separación:</translation>
+    </message>
+    <message>
+        <source>Only selected lines</source>
+        <translation>Solo las líneas seleccionadas</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin adjusting</comment>
+        <translation>Iniciar</translation>
+    </message>
+</context>
+<context>
+    <name>VHEncoding</name>
+    <message>
+        <source>Automatic</source>
+        <translation>Automática</translation>
+    </message>
+    <message>
+        <source>UTF-16 Big Endian</source>
+        <translation>UTF-16 big-endian</translation>
+    </message>
+    <message>
+        <source>UTF-16 Little Endian</source>
+        <translation>UTF-16 little-endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Big Endian</source>
+        <translation>UTF-32 big-endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Little Endian</source>
+        <translation>UTF-32 little-endian</translation>
+    </message>
+    <message>
+        <source>Window Latin 1</source>
+        <translation>Windows Latin 1</translation>
+    </message>
+    <message>
+        <source>Window Latin 2</source>
+        <translation>Windows Latin 2</translation>
+    </message>
+    <message>
+        <source>Window Latin 5</source>
+        <translation>Windows Latin 5</translation>
+    </message>
+    <message>
+        <source>Non Lossy ASCII</source>
+        <translation>ASCII sin pérdida</translation>
+    </message>
+    <message>
+        <source>Chinese GB 18030</source>
+        <translation>Chino GB 18030</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (DOS)</source>
+        <translation>Chino simplificado (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (Mac)</source>
+        <translation>Chino simplificado (Mac)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad. (DOS)</source>
+        <translation>Chino tradicional (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad (Mac)</source>
+        <translation>Chino tradicional (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (DOS)</source>
+        <translation>Cirílico (DOS)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (ISO)</source>
+        <translation>Cirílico (ISO)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Mac)</source>
+        <translation>Cirílico (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Windows)</source>
+        <translation>Cirílico (Windows)</translation>
+    </message>
+    <message>
+        <source>Greek (DOS)</source>
+        <translation>Griego (DOS)</translation>
+    </message>
+    <message>
+        <source>Greek (ISO)</source>
+        <translation>Griego (ISO)</translation>
+    </message>
+    <message>
+        <source>Greek (Mac)</source>
+        <translation>Griego (Mac)</translation>
+    </message>
+    <message>
+        <source>Greek (Windows)</source>
+        <translation>Griego (Windows)</translation>
+    </message>
+    <message>
+        <source>Hebrew (DOS)</source>
+        <translation>Hebreo (DOS)</translation>
+    </message>
+    <message>
+        <source>Hebrew (ISO)</source>
+        <translation>Hebreo (ISO)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Mac)</source>
+        <translation>Hebreo (Mac)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Windows)</source>
+        <translation>Hebreo (Windows)</translation>
+    </message>
+    <message>
+        <source>Japanese EUC</source>
+        <translation>Japonés EUC</translation>
+    </message>
+    <message>
+        <source>Japanese ISO 2022</source>
+        <translation>Japonés ISO 2022</translation>
+    </message>
+    <message>
+        <source>Japanese (DOS)</source>
+        <translation>Japonés (DOS)</translation>
+    </message>
+    <message>
+        <source>Japanese (Mac)</source>
+        <translation>Japonés (Mac)</translation>
+    </message>
+    <message>
+        <source>Japanese (Next Step)</source>
+        <translation>Japonés (Next Step)</translation>
+    </message>
+    <message>
+        <source>Korean (Mac)</source>
+        <translation>Coreano (Mac)</translation>
+    </message>
+    <message>
+        <source>Korean (Windows)</source>
+        <translation>Coreano (Windows)</translation>
+    </message>
+</context>
+<context>
+    <name>VHMovieController</name>
+    <message>
+        <source>Track %1</source>
+        <translation>Pista %1</translation>
+    </message>
+    <message>
+        <source>The audio track you selected may not play on your system or even make the app crash. 
+Do you want to continue?</source>
+        <translation>Puede que la pista de audio elegida no se reproduzca en su sistema o incluso que cierre la aplicación inesperadamente. 
+¿Desea continuar?</translation>
+    </message>
+    <message>
+        <source>Use Unsafe Audio Track</source>
+        <translation>Usar la pista de audio no segura</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Subtitles</source>
+        <translation>Subtítulos</translation>
+    </message>
+    <message>
+        <source>Show Subtitles</source>
+        <translation>Mostrar los subtítulos</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Pantalla completa</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>libmpv: %1</source>
+        <translation>libmpv: %1</translation>
+    </message>
+</context>
+<context>
+    <name>VHSubtitle</name>
+    <message>
+        <source>File language problem:</source>
+        <translation>Problema con el idioma del archivo:</translation>
+    </message>
+    <message>
+        <source>Could not open subtitle file using &apos;%1&apos; encoding. Please select a different encoding:</source>
+        <translation>No se pudo abrir el archivo de subtítulos con la codificación «%1». Elija otra codificación:</translation>
+    </message>
+    <message>
+        <source>Remember encoding as default.</source>
+        <translation>Recordar la codificación como predeterminada.</translation>
+    </message>
+    <message>
+        <source>Use Selected</source>
+        <translation>Usar la seleccionada</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>VLCMovieController</name>
+    <message>
+        <source>libVLC: the file could not be read or decoded</source>
+        <translation>libVLC: no se pudo leer ni decodificar el archivo</translation>
+    </message>
+    <message>
+        <source>libVLC: no video or audio it can play was found in the file</source>
+        <translation>libVLC: no se encontró en el archivo vídeo ni audio que pueda reproducir</translation>
+    </message>
+</context>
+</TS>

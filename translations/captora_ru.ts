@@ -1,0 +1,883 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ru">
+<context>
+    <name>CTFixButton</name>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Сдвинуть</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Одна</translation>
+    </message>
+    <message>
+        <source>Tap</source>
+        <comment>fix mode in Tap2Sync</comment>
+        <translation>Нажать</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Закрепить</translation>
+    </message>
+</context>
+<context>
+    <name>CTLanguage</name>
+    <message>
+        <source>Unknown</source>
+        <comment>a language</comment>
+        <translation>неизвестный язык</translation>
+    </message>
+    <message>
+        <source>%1 Subtitle</source>
+        <comment>a subtitle file in a language</comment>
+        <translation>Субтитры: %1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleEmbedder</name>
+    <message>
+        <source>Embedding Subtitles into %1</source>
+        <translation>Встраивание субтитров в «%1»</translation>
+    </message>
+    <message>
+        <source>Failed: %1 exists</source>
+        <translation>Ошибка: %1 уже существует</translation>
+    </message>
+    <message>
+        <source>The movie &apos;%1&apos; is damaged: %2.
+ Do you want to continue embedding what can be read?</source>
+        <translation>Фильм «%1» повреждён: %2.
+ Продолжить встраивание того, что удаётся прочитать?</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Продолжить</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Subtitle &apos;%1&apos; cannot be embedded (file or structure broken).
+ Do you want to continue embedding without this subtitle</source>
+        <translation>Субтитры «%1» невозможно встроить (файл или его структура повреждены).
+ Продолжить встраивание без этих субтитров?</translation>
+    </message>
+    <message>
+        <source>Failed: Broken Data</source>
+        <translation>Ошибка: данные повреждены</translation>
+    </message>
+    <message>
+        <source>Finished embedding the file you are currently editing. We need to reload the file to avoid conflicts.</source>
+        <translation>Встраивание файла, который вы сейчас редактируете, завершено. Чтобы избежать конфликтов, файл будет загружен заново.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>ОК</translation>
+    </message>
+    <message>
+        <source>Optimizing</source>
+        <translation>Оптимизация</translation>
+    </message>
+    <message>
+        <source>Audio-Video engine gave back the following error:
+%1</source>
+        <translation>Аудио- и видеодвижок вернул следующую ошибку:
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>CTSubtitleExtractor</name>
+    <message>
+        <source>A subtitle with the name &apos;%1&apos; already exists</source>
+        <translation>Субтитры с именем «%1» уже существуют</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Заменить</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Сохранить оба</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Пропустить</translation>
+    </message>
+</context>
+<context>
+    <name>CTWindowController</name>
+    <message>
+        <source>You have unsaved changes. Do you want to save them?</source>
+        <translation>Есть несохранённые изменения. Сохранить их?</translation>
+    </message>
+    <message>
+        <source>Save Chapter Marks</source>
+        <translation>Сохранить метки глав</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Сохранить субтитры</translation>
+    </message>
+    <message>
+        <source>Discard Changes</source>
+        <translation>Отменить изменения</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Chapter %1</source>
+        <comment>the text of a new chapter mark</comment>
+        <translation>Глава %1</translation>
+    </message>
+    <message>
+        <source>Subtitle</source>
+        <comment>the text of a new subtitle line</comment>
+        <translation>Субтитр</translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle and Chapter Marks</source>
+        <translation>Извлечь 1 субтитр и метки глав</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles and Chapter Marks</source>
+        <translation>
+            <numerusform>Извлечь %n субтитр и метки глав</numerusform>
+            <numerusform>Извлечь %n субтитра и метки глав</numerusform>
+            <numerusform>Извлечь %n субтитров и метки глав</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract 1 Subtitle</source>
+        <translation>Извлечь 1 субтитр</translation>
+    </message>
+    <message numerus="yes">
+        <source>Extract %n Subtitles</source>
+        <translation>
+            <numerusform>Извлечь %n субтитр</numerusform>
+            <numerusform>Извлечь %n субтитра</numerusform>
+            <numerusform>Извлечь %n субтитров</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Extract Chapter Marks</source>
+        <translation>Извлечь метки глав</translation>
+    </message>
+    <message>
+        <source>No Extractable Subtitle or Chapter Marks</source>
+        <translation>Нет субтитров или меток глав для извлечения</translation>
+    </message>
+    <message>
+        <source>Reload Chapter Marks</source>
+        <translation>Перезагрузить метки глав</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Перезагрузить субтитры</translation>
+    </message>
+    <message>
+        <source>Fix Single Chapter Mark Time</source>
+        <translation>Закрепить только одну метку главы</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Закрепить только одну строку субтитров</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Mark</source>
+        <translation>Удалить метку главы</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Chapter Marks</source>
+        <translation>
+            <numerusform>Удалить %n метку главы</numerusform>
+            <numerusform>Удалить %n метки глав</numerusform>
+            <numerusform>Удалить %n меток глав</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Удалить строку субтитров</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Subtitle Lines</source>
+        <translation>
+            <numerusform>Удалить %n строку субтитров</numerusform>
+            <numerusform>Удалить %n строки субтитров</numerusform>
+            <numerusform>Удалить %n строк субтитров</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Add Chapter Mark</source>
+        <translation>Добавить метку главы</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Добавить строку субтитров</translation>
+    </message>
+    <message>
+        <source>Exit &quot;Tap2Sync&quot; Mode</source>
+        <translation>Выйти из режима «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Включить режим «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Minimum is bigger than Maximum</source>
+        <translation>Минимум больше максимума</translation>
+    </message>
+    <message>
+        <source>Overwrite Chaper Marks File?</source>
+        <translation>Заменить файл меток глав?</translation>
+    </message>
+    <message>
+        <source>Overwrite</source>
+        <translation>Заменить</translation>
+    </message>
+    <message>
+        <source>The chapter mark file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>Не удаётся разобрать файл меток глав. Вероятно, он повреждён или записан в необычном формате.</translation>
+    </message>
+    <message>
+        <source>The subtitle file cannot be parsed. It&apos;s probably malformatted or an unusual format.</source>
+        <translation>Не удаётся разобрать файл субтитров. Вероятно, он повреждён или записан в необычном формате.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>ОК</translation>
+    </message>
+    <message>
+        <source>Are you sure your want to delete &apos;%1&apos;
+%2</source>
+        <translation>Действительно удалить «%1»?
+%2</translation>
+    </message>
+    <message>
+        <source>Delete &apos;%1&apos;</source>
+        <translation>Удалить «%1»</translation>
+    </message>
+    <message>
+        <source>No Language</source>
+        <translation>Без языка</translation>
+    </message>
+    <message>
+        <source>Chapter Marks</source>
+        <translation>Метки глав</translation>
+    </message>
+    <message>
+        <source>Delete Chapter Marks File</source>
+        <translation>Удалить файл меток глав</translation>
+    </message>
+    <message>
+        <source>Set Subtitle Language</source>
+        <translation>Задать язык субтитров</translation>
+    </message>
+    <message>
+        <source>Delete Current Language</source>
+        <translation>Удалить текущий язык</translation>
+    </message>
+    <message>
+        <source>Rescan Subtitles</source>
+        <translation>Искать субтитры заново</translation>
+    </message>
+    <message>
+        <source>Download via Web Search</source>
+        <translation>Скачать через веб-поиск</translation>
+    </message>
+    <message>
+        <source>Open Existing Subtitle</source>
+        <translation>Открыть существующие субтитры</translation>
+    </message>
+    <message>
+        <source>Add Empty Subtitle</source>
+        <translation>Добавить пустые субтитры</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie</source>
+        <translation>Встроить субтитры в фильм</translation>
+    </message>
+    <message>
+        <source>Choose the language of the new subtitle file:</source>
+        <translation>Выберите язык нового файла субтитров:</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Добавить</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Нет звуковой дорожки</translation>
+    </message>
+    <message>
+        <source>The movie “%1” could not be opened.</source>
+        <translation>Не удалось открыть фильм «%1».</translation>
+    </message>
+    <message>
+        <source>No player here can play it.
+
+%1</source>
+        <translation>Ни один из доступных проигрывателей не может его воспроизвести.
+
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to embed your subtitles into the M4V file?</source>
+        <translation>Встроить ваши субтитры в файл M4V?</translation>
+    </message>
+    <message>
+        <source>Open Embedding Options</source>
+        <translation>Открыть параметры встраивания</translation>
+    </message>
+    <message>
+        <source>Don&apos;t Embed Subtitles</source>
+        <translation>Не встраивать субтитры</translation>
+    </message>
+    <message>
+        <source>How to use &quot;Tap2Sync&quot;</source>
+        <translation>Как пользоваться «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>Tap2Sync let&apos;s you quickly sync a full video by watching it. Whenever you hear the current subtitle instantly press space. It will fix that subtitle and move to the next.</source>
+        <translation>Tap2Sync позволяет быстро синхронизировать весь фильм, просто просматривая его. Как только услышите текущую строку субтитров, сразу нажмите пробел. Строка будет закреплена, и начнётся следующая.</translation>
+    </message>
+    <message>
+        <source>Do not show this message again</source>
+        <translation>Больше не показывать это сообщение</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Пуск</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin Tap2Sync</comment>
+        <translation>Начать</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableModel</name>
+    <message>
+        <source>Duration</source>
+        <translation>Длительность</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Текст</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Принудительный</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Начало</translation>
+    </message>
+</context>
+<context>
+    <name>FolderPermissions</name>
+    <message>
+        <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
+Please Open this folder in the upcoming window. (Make sure you have write permission for the folder.)</source>
+        <translation>Чтобы работать с файлами субтитров, Captora нужно право записи в папку, где находится ваш фильм.
+Откройте эту папку в следующем окне. (Убедитесь, что у вас есть право записи в эту папку.)</translation>
+    </message>
+    <message>
+        <source>Understood</source>
+        <translation>Понятно</translation>
+    </message>
+    <message>
+        <source>Deny Access</source>
+        <translation>Запретить доступ</translation>
+    </message>
+</context>
+<context>
+    <name>MovieServices</name>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Извлечь субтитры</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+</context>
+<context>
+    <name>ProjectWindow</name>
+    <message>
+        <source>Play</source>
+        <translation>Пуск</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>Five frames</source>
+        <translation>Пять кадров</translation>
+    </message>
+    <message>
+        <source>One frame</source>
+        <translation>Один кадр</translation>
+    </message>
+    <message>
+        <source>Show the subtitle over the movie</source>
+        <translation>Показывать субтитры поверх фильма</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Полный экран</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Поиск</translation>
+    </message>
+    <message>
+        <source>Case-sensitive search</source>
+        <translation>С учётом регистра</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Заменить на</translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation>Заменить все</translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation>Принудительный</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Длительность</translation>
+    </message>
+    <message>
+        <source>The times the current line&apos;s start may be fixed between</source>
+        <translation>Интервал, в пределах которого можно закрепить начало текущей строки</translation>
+    </message>
+    <message>
+        <source>Files (%1)</source>
+        <translation>Файлы (%1)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Файл</translation>
+    </message>
+    <message>
+        <source>Open Movie…</source>
+        <translation>Открыть фильм…</translation>
+    </message>
+    <message>
+        <source>Open Subtitle…</source>
+        <translation>Открыть субтитры…</translation>
+    </message>
+    <message>
+        <source>New Subtitle…</source>
+        <translation>Новые субтитры…</translation>
+    </message>
+    <message>
+        <source>Save Subtitle</source>
+        <translation>Сохранить субтитры</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Экспортировать…</translation>
+    </message>
+    <message>
+        <source>Reload Subtitle</source>
+        <translation>Перезагрузить субтитры</translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into Movie…</source>
+        <translation>Встроить субтитры в фильм…</translation>
+    </message>
+    <message>
+        <source>Extract Subtitles</source>
+        <translation>Извлечь субтитры</translation>
+    </message>
+    <message>
+        <source>Download via Web Search…</source>
+        <translation>Скачать через веб-поиск…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Выйти</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Правка</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Line</source>
+        <translation>Добавить строку субтитров</translation>
+    </message>
+    <message>
+        <source>Delete Subtitle Line</source>
+        <translation>Удалить строку субтитров</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Найти</translation>
+    </message>
+    <message>
+        <source>Next Line</source>
+        <translation>Следующая строка</translation>
+    </message>
+    <message>
+        <source>Previous Line</source>
+        <translation>Предыдущая строка</translation>
+    </message>
+    <message>
+        <source>Adjust Durations…</source>
+        <translation>Настроить длительность…</translation>
+    </message>
+    <message>
+        <source>Add Subtitle Language…</source>
+        <translation>Добавить язык субтитров…</translation>
+    </message>
+    <message>
+        <source>&amp;Chapter Marks</source>
+        <translation>&amp;Метки глав</translation>
+    </message>
+    <message>
+        <source>Edit Chapter Marks</source>
+        <translation>Редактировать метки глав</translation>
+    </message>
+    <message>
+        <source>Convert Chapter Marks to Subtitle</source>
+        <translation>Преобразовать метки глав в субтитры</translation>
+    </message>
+    <message>
+        <source>&amp;Timing</source>
+        <translation>&amp;Тайминг</translation>
+    </message>
+    <message>
+        <source>Fix Subtitle Start</source>
+        <translation>Закрепить начало субтитра</translation>
+    </message>
+    <message>
+        <source>Shift Subtitles</source>
+        <translation>Сдвинуть субтитры</translation>
+    </message>
+    <message>
+        <source>Fix Single Subtitle Line Time</source>
+        <translation>Закрепить только одну строку субтитров</translation>
+    </message>
+    <message>
+        <source>Enter &quot;Tap2Sync&quot; Mode</source>
+        <translation>Включить режим «Tap2Sync»</translation>
+    </message>
+    <message>
+        <source>&amp;Movie</source>
+        <translation>Ф&amp;ильм</translation>
+    </message>
+    <message>
+        <source>One Frame Back</source>
+        <translation>На кадр назад</translation>
+    </message>
+    <message>
+        <source>One Frame Forward</source>
+        <translation>На кадр вперёд</translation>
+    </message>
+    <message>
+        <source>Five Frames Back</source>
+        <translation>На пять кадров назад</translation>
+    </message>
+    <message>
+        <source>Five Frames Forward</source>
+        <translation>На пять кадров вперёд</translation>
+    </message>
+    <message>
+        <source>Audio Track</source>
+        <translation>Звуковая дорожка</translation>
+    </message>
+    <message>
+        <source>No Audio Track</source>
+        <translation>Нет звуковой дорожки</translation>
+    </message>
+    <message>
+        <source>No Subtitle</source>
+        <translation>Без субтитров</translation>
+    </message>
+    <message>
+        <source>Windows line breaks</source>
+        <translation>Переводы строк Windows</translation>
+    </message>
+    <message>
+        <source>Format:</source>
+        <translation>Формат:</translation>
+    </message>
+    <message>
+        <source>Encoding:</source>
+        <translation>Кодировка:</translation>
+    </message>
+    <message>
+        <source>Adjust Durations</source>
+        <translation>Настройка длительности</translation>
+    </message>
+    <message>
+        <source>Seconds per character:</source>
+        <translation>Секунд на символ:</translation>
+    </message>
+    <message>
+        <source>Minimum:</source>
+        <translation>Минимум:</translation>
+    </message>
+    <message>
+        <source>Maximum:</source>
+        <translation>Максимум:</translation>
+    </message>
+    <message>
+        <source>Gap:</source>
+        <translation>Промежуток:</translation>
+    </message>
+    <message>
+        <source>Only selected lines</source>
+        <translation>Только выбранные строки</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>start time of a line</comment>
+        <translation>Начало</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <comment>button: begin adjusting</comment>
+        <translation>Начать</translation>
+    </message>
+</context>
+<context>
+    <name>VHEncoding</name>
+    <message>
+        <source>Automatic</source>
+        <translation>Автоматически</translation>
+    </message>
+    <message>
+        <source>UTF-16 Big Endian</source>
+        <translation>UTF-16 Big Endian</translation>
+    </message>
+    <message>
+        <source>UTF-16 Little Endian</source>
+        <translation>UTF-16 Little Endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Big Endian</source>
+        <translation>UTF-32 Big Endian</translation>
+    </message>
+    <message>
+        <source>UTF-32 Little Endian</source>
+        <translation>UTF-32 Little Endian</translation>
+    </message>
+    <message>
+        <source>Window Latin 1</source>
+        <translation>Windows Latin 1</translation>
+    </message>
+    <message>
+        <source>Window Latin 2</source>
+        <translation>Windows Latin 2</translation>
+    </message>
+    <message>
+        <source>Window Latin 5</source>
+        <translation>Windows Latin 5</translation>
+    </message>
+    <message>
+        <source>Non Lossy ASCII</source>
+        <translation>ASCII без потерь</translation>
+    </message>
+    <message>
+        <source>Chinese GB 18030</source>
+        <translation>Китайская GB 18030</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (DOS)</source>
+        <translation>Китайская упрощённая (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Simp. (Mac)</source>
+        <translation>Китайская упрощённая (Mac)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad. (DOS)</source>
+        <translation>Китайская традиционная (DOS)</translation>
+    </message>
+    <message>
+        <source>Chinese Trad (Mac)</source>
+        <translation>Китайская традиционная (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (DOS)</source>
+        <translation>Кириллица (DOS)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (ISO)</source>
+        <translation>Кириллица (ISO)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Mac)</source>
+        <translation>Кириллица (Mac)</translation>
+    </message>
+    <message>
+        <source>Cyrillic (Windows)</source>
+        <translation>Кириллица (Windows)</translation>
+    </message>
+    <message>
+        <source>Greek (DOS)</source>
+        <translation>Греческая (DOS)</translation>
+    </message>
+    <message>
+        <source>Greek (ISO)</source>
+        <translation>Греческая (ISO)</translation>
+    </message>
+    <message>
+        <source>Greek (Mac)</source>
+        <translation>Греческая (Mac)</translation>
+    </message>
+    <message>
+        <source>Greek (Windows)</source>
+        <translation>Греческая (Windows)</translation>
+    </message>
+    <message>
+        <source>Hebrew (DOS)</source>
+        <translation>Иврит (DOS)</translation>
+    </message>
+    <message>
+        <source>Hebrew (ISO)</source>
+        <translation>Иврит (ISO)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Mac)</source>
+        <translation>Иврит (Mac)</translation>
+    </message>
+    <message>
+        <source>Hebrew (Windows)</source>
+        <translation>Иврит (Windows)</translation>
+    </message>
+    <message>
+        <source>Japanese EUC</source>
+        <translation>Японская EUC</translation>
+    </message>
+    <message>
+        <source>Japanese ISO 2022</source>
+        <translation>Японская ISO 2022</translation>
+    </message>
+    <message>
+        <source>Japanese (DOS)</source>
+        <translation>Японская (DOS)</translation>
+    </message>
+    <message>
+        <source>Japanese (Mac)</source>
+        <translation>Японская (Mac)</translation>
+    </message>
+    <message>
+        <source>Japanese (Next Step)</source>
+        <translation>Японская (Next Step)</translation>
+    </message>
+    <message>
+        <source>Korean (Mac)</source>
+        <translation>Корейская (Mac)</translation>
+    </message>
+    <message>
+        <source>Korean (Windows)</source>
+        <translation>Корейская (Windows)</translation>
+    </message>
+</context>
+<context>
+    <name>VHMovieController</name>
+    <message>
+        <source>Track %1</source>
+        <translation>Дорожка %1</translation>
+    </message>
+    <message>
+        <source>The audio track you selected may not play on your system or even make the app crash. 
+Do you want to continue?</source>
+        <translation>Выбранная звуковая дорожка может не воспроизводиться в вашей системе или даже привести к сбою программы. 
+Продолжить?</translation>
+    </message>
+    <message>
+        <source>Use Unsafe Audio Track</source>
+        <translation>Использовать ненадёжную дорожку</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Пуск</translation>
+    </message>
+    <message>
+        <source>Subtitles</source>
+        <translation>Субтитры</translation>
+    </message>
+    <message>
+        <source>Show Subtitles</source>
+        <translation>Показывать субтитры</translation>
+    </message>
+    <message>
+        <source>Full Screen</source>
+        <translation>Полный экран</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>libmpv: %1</source>
+        <translation>libmpv: %1</translation>
+    </message>
+</context>
+<context>
+    <name>VHSubtitle</name>
+    <message>
+        <source>File language problem:</source>
+        <translation>Проблема с языком файла:</translation>
+    </message>
+    <message>
+        <source>Could not open subtitle file using &apos;%1&apos; encoding. Please select a different encoding:</source>
+        <translation>Не удалось открыть файл субтитров в кодировке «%1». Выберите другую кодировку:</translation>
+    </message>
+    <message>
+        <source>Remember encoding as default.</source>
+        <translation>Запомнить кодировку по умолчанию.</translation>
+    </message>
+    <message>
+        <source>Use Selected</source>
+        <translation>Использовать выбранную</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+</context>
+<context>
+    <name>VLCMovieController</name>
+    <message>
+        <source>libVLC: the file could not be read or decoded</source>
+        <translation>libVLC: не удалось прочитать или декодировать файл</translation>
+    </message>
+    <message>
+        <source>libVLC: no video or audio it can play was found in the file</source>
+        <translation>libVLC: в файле не найдено видео или звука, которые можно воспроизвести</translation>
+    </message>
+</context>
+</TS>
