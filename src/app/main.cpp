@@ -5,6 +5,7 @@
 #include "ProgramOptions.h"
 #include "ProjectWindow.h"
 #include "Settings.h"
+#include "WebSearchWiring.h"
 #include "WindowPrompter.h"
 
 #include <QApplication>
@@ -36,6 +37,7 @@ int main(int argc, char **argv)
     ScopedPrompter scopedPrompter(&prompter);
     CTWindowController::registerDefaults();
     connectPlayers(window);
+    connectWebSearch(window);
     window.start();
     window.show();
 

@@ -1,0 +1,81 @@
+#include "WebSearchTestSupport.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+QString testArchive(const QString &name)
+{
+    static QTemporaryDir folder;
+    static bool made = false;
+    if (!made) {
+        made = true;
+        QProcess python;
+        python.start(u"python3"_s,
+                     {QStringLiteral(CAPTORA_WEBSEARCH_TEST_DIR "/make_archives.py"), folder.path()});
+        const bool ok = python.waitForFinished(120000) && python.exitStatus() == QProcess::NormalExit &&
+                        python.exitCode() == 0;
+        EXPECT_TRUE(ok) << python.readAllStandardError().toStdString();
+    }
+    return QDir(folder.path()).filePath(name);
+}
+
+LocalHttpServer::LocalHttpServer()
+    : m_server(std::make_unique<QTcpServer>())
+{
+    EXPECT_TRUE(m_server->listen(QHostAddress::LocalHost, 0));
+    QObject::connect(m_server.get(), &QTcpServer::newConnection, m_server.get(), [this] {
+        while (QTcpSocket *socket = m_server->nextPendingConnection()) {
+            auto buffer = std::make_shared<QByteArray>();
+            QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+            QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket, buffer] {
+                *buffer += socket->readAll();
+                if (!buffer->contains("\r\n\r\n"))
+                    return;
+                const QList<QByteArray> line = buffer->left(buffer->indexOf("\r\n")).split(' ');
+                buffer->clear();
+                const QString path = line.size() > 1 ? QString::fromUtf8(line[1]) : QString();
+                m_requests << path;
+                const QString routePath = QUrl(path).path();
+                QByteArray head;
+                QByteArray body;
+                qsizetype sent = -1;
+                if (const auto it = m_routes.constFind(routePath); it != m_routes.constEnd()) {
+                    body = it->body;
+                    sent = it->breakAfter;
+                    head = "HTTP/1.1 200 OK\r\nContent-Type: " + it->contentType + "\r\n";
+                    if (!it->contentDisposition.isEmpty())
+                        head += "Content-Disposition: " + it->contentDisposition + "\r\n";
+                } else {
+                    body = "<html><body>Not here</body></html>";
+                    head = "HTTP/1.1 404 Not Found\r\nContent-Type: text/html\r\n";
+                }
+                head +=
+                    "Content-Length: " + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n";
+                socket->write(head);
+                if (sent >= 0) {
+                    socket->write(body.left(sent));
+                    socket->flush();
+                    socket->abort();
+                    return;
+                }
+                socket->write(body);
+                socket->disconnectFromHost();
+            });
+        }
+    });
+}
+
+LocalHttpServer::~LocalHttpServer() = default;
+
+QString LocalHttpServer::url(const QString &path) const
+{
+    return u"http://127.0.0.1:%1%2"_s.arg(m_server->serverPort()).arg(path);
+}
