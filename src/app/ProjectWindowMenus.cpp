@@ -68,7 +68,8 @@ void ProjectWindow::buildMenus()
     file->addSeparator();
     addCommand(file, u"Embed Subtitles into Movie…"_s, u"embedSubtitle:"_s);
     addCommand(file, u"Extract Subtitles"_s, u"extractAllSubtitles:"_s);
-    addCommand(file, u"Download via Web Search…"_s, u"searchOnline:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
+    addCommand(file, u"Download via Web Search…"_s, u"searchOnline:"_s,
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     file->addSeparator();
     addCommand(file, u"Close"_s, u"shouldCloseProject:"_s, QKeySequence::Close);
     addCommand(file, u"Quit"_s, u"terminate:"_s, QKeySequence::Quit);

@@ -239,7 +239,8 @@ void VHWebSearchController::showEvent(QShowEvent *event)
 
 void VHWebSearchController::windowDidLoad()
 {
-    updateEngineButton();
+    // The pop-up is built already (each change of the engines rebuilds it).
+    selectStoredEngine();
     if (!searchTerm().isEmpty() && Settings::shared().boolValue(m_autoloadDefaultsKey))
         startSearch();
     m_searchField->setFocus(Qt::OtherFocusReason);
@@ -298,6 +299,23 @@ void VHWebSearchController::downloadRequested(QWebEngineDownloadRequest *downloa
 {
     if (download->page() != m_page)
         return; // another window's
+    if (m_abandoned.contains(download->id())) {
+        download->cancel();
+        return;
+    }
+    // The browser resumes a download after a dropped connection on its own, handing it out
+    // again as a new request of the same id: it keeps its place, its folder and its name.
+    for (Download &known : m_downloads) {
+        if (known.id == download->id()) {
+            known.request = download;
+            download->setDownloadDirectory(QFileInfo(known.path).absolutePath());
+            download->setDownloadFileName(QFileInfo(known.path).fileName());
+            connect(download, &QWebEngineDownloadRequest::stateChanged, this,
+                    [this, download] { downloadStateChanged(download); });
+            download->accept();
+            return;
+        }
+    }
     const QString suggestion = download->suggestedFileName();
     if (m_closed || !WebDownloads::acceptsDownload(download->mimeType(), suggestion, m_downloadMimes)) {
         download->cancel();
@@ -318,6 +336,7 @@ void VHWebSearchController::downloadRequested(QWebEngineDownloadRequest *downloa
     }
     Download entry;
     entry.request = download;
+    entry.id = download->id();
     entry.filenameSuggestion = suggestion;
     const WebDownloads::Handling handling = WebDownloads::handlingForName(suggestion);
     entry.needsUnzipping = handling.needsUnzipping;
@@ -391,7 +410,13 @@ void VHWebSearchController::downloadDidFinish(QWebEngineDownloadRequest *downloa
 
 void VHWebSearchController::downloadDidFail(QWebEngineDownloadRequest *download)
 {
+    if (!downloaders().contains(download))
+        return;
     removeDownload(download);
+    // The browser would try again on its own, asking for the download once more each time;
+    // a failed download stays failed, and the user can click again.
+    m_abandoned << download->id();
+    download->cancel();
     logLine(u"download:didFailWithError"_s);
     if (!m_closed)
         showStatus(tr("The download of “%1” failed: %2")

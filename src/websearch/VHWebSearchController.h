@@ -98,7 +98,8 @@ protected:
 private:
     struct Download
     {
-        QPointer<QWebEngineDownloadRequest> request;
+        QPointer<QWebEngineDownloadRequest> request; // the latest one of its id
+        quint32 id = 0;
         QString path;
         QString filenameSuggestion;
         bool needsUnzipping = false;
@@ -128,7 +129,8 @@ private:
     QString m_autoloadDefaultsKey;
     QStringList m_downloadMimes;
     QList<Download> m_downloads;
-    QStringList m_tempFiles; // each download's file, in step with m_downloads
+    QStringList m_tempFiles;    // each download's file, in step with m_downloads
+    QList<quint32> m_abandoned; // ids of failed downloads, not to be resumed
     QString m_temporaryFolder;
     int m_downloadCount = 0;
     bool m_loaded = false;

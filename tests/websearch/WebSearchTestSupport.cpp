@@ -42,7 +42,8 @@ LocalHttpServer::LocalHttpServer()
                 const QList<QByteArray> line = buffer->left(buffer->indexOf("\r\n")).split(' ');
                 buffer->clear();
                 const QString path = line.size() > 1 ? QString::fromUtf8(line[1]) : QString();
-                m_requests << path;
+                if (path != u"/favicon.ico"_s) // the browser asks for it on its own
+                    m_requests << path;
                 const QString routePath = QUrl(path).path();
                 QByteArray head;
                 QByteArray body;

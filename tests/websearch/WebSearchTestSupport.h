@@ -15,7 +15,8 @@ class QTcpServer;
 QString testArchive(const QString &name);
 
 // A small HTTP server on 127.0.0.1 for the browser to load from: each path answers with a
-// fixed response; every request's path is kept. One request per connection.
+// fixed response; every request's path is kept (but the browser's own /favicon.ico). One
+// request per connection.
 class LocalHttpServer
 {
 public:

@@ -103,9 +103,18 @@ protected:
 
     void serve()
     {
-        const auto link = [](const char *id, const char *path, const char *extra = "") {
-            return QByteArray("<p><a id=\"") + id + "\" href=\"" + path + "\"" + extra + ">" + id +
-                   "</a></p>";
+        const auto link = [](const QByteArray &id, const QByteArray &path, const QByteArray &extra = {}) {
+            return QByteArray("<p><a id=\"" + id + "\" href=\"" + path + "\"" + extra + ">" + id +
+                              "</a></p>");
+        };
+        using Response = LocalHttpServer::Response;
+        const auto respond = [](const QByteArray &type, const QByteArray &body,
+                                const QByteArray &disposition = {}) {
+            Response response;
+            response.contentType = type;
+            response.body = body;
+            response.contentDisposition = disposition;
+            return response;
         };
         QByteArray results = "<html><head><title>Results</title></head><body><h1>Subtitles found</h1>";
         for (const char *name :
@@ -115,23 +124,24 @@ protected:
                    link("srt", "/Film.srt") + link("html", "/page.html") + link("pdf", "/flyer.pdf") +
                    link("broken", "/broken.zip") + link("blank", "/page.html", " target=\"_blank\"");
         results += "</body></html>";
-        server.route(u"/search"_s, {"text/html; charset=utf-8", results});
+        server.route(u"/search"_s, respond("text/html; charset=utf-8", results));
         server.route(u"/page.html"_s,
-                     {"text/html", "<html><head><title>A page</title></head><body>Hi</body></html>"});
+                     respond("text/html", "<html><head><title>A page</title></head><body>Hi</body></html>"));
         for (const char *name :
              {"good", "slip", "absolute", "symlink", "encrypted", "bomb", "many", "windows_names"})
             server.route(u"/zip/"_s + QLatin1String(name),
-                         {"application/zip", fileBytes(testArchive(QLatin1String(name) + u".zip"_s))});
-        server.route(u"/download/subs"_s, {"application/octet-stream", fileBytes(testArchive(u"good.zip"_s)),
-                                           "attachment; filename=\"SUBS.ZIP\""});
+                         respond("application/zip", fileBytes(testArchive(QLatin1String(name) + u".zip"_s))));
+        server.route(u"/download/subs"_s,
+                     respond("application/octet-stream", fileBytes(testArchive(u"good.zip"_s)),
+                             "attachment; filename=\"SUBS.ZIP\""));
         server.route(u"/pk"_s,
-                     {"application/octet-stream", fileBytes(testArchive(u"pk_without_extension"_s))});
-        server.route(u"/rar"_s, {"application/x-rar-compressed", fileBytes(testArchive(u"sub.rar"_s)),
-                                 "attachment; filename=\"sub.rar\""});
-        server.route(u"/Film.srt"_s, {"application/x-subrip", fileBytes(testArchive(u"Film.srt"_s))});
-        server.route(u"/flyer.pdf"_s,
-                     {"application/x-msdownload", "MZ not a subtitle", "attachment; filename=\"setup.exe\""});
-        LocalHttpServer::Response broken{"application/zip", QByteArray(200000, 'x')};
+                     respond("application/octet-stream", fileBytes(testArchive(u"pk_without_extension"_s))));
+        server.route(u"/rar"_s, respond("application/x-rar-compressed", fileBytes(testArchive(u"sub.rar"_s)),
+                                        "attachment; filename=\"sub.rar\""));
+        server.route(u"/Film.srt"_s, respond("application/x-subrip", fileBytes(testArchive(u"Film.srt"_s))));
+        server.route(u"/flyer.pdf"_s, respond("application/x-msdownload", "MZ not a subtitle",
+                                              "attachment; filename=\"setup.exe\""));
+        Response broken = respond("application/zip", QByteArray(200000, 'x'));
         broken.breakAfter = 10;
         server.route(u"/broken.zip"_s, broken);
     }
@@ -221,13 +231,13 @@ TEST_F(WebSearchWindowTest, TheWindowSearchesForTheTermAtOnceAndShowsTheLoading)
     searchFor(u"Big Buck Bunny & Co"_s);
     EXPECT_EQ(server.requests().value(0), u"/search?q=Big%20Buck%20Bunny%20&%20Co"_s);
     EXPECT_TRUE(indicatorRan);
-    EXPECT_FALSE(controller->loadingIndicator()->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !controller->loadingIndicator()->isVisible(); }, Patience));
 
     // A new search from the field; an empty one loads nothing.
     controller->searchField()->setText(QString());
     QTest::keyClick(controller->searchField(), Qt::Key_Return);
     QTest::qWait(300);
-    EXPECT_EQ(server.requests().size(), 1);
+    EXPECT_EQ(server.requests().filter(u"/search"_s).size(), 1);
     EXPECT_TRUE(controller->isVisible());
 }
 
@@ -308,7 +318,7 @@ TEST_F(WebSearchWindowTest, PagesAreShownAndNewWindowsOpenInTheSameView)
     click(u"blank"_s);
     ASSERT_TRUE(QTest::qWaitFor([this] { return controller->webView()->title() == u"A page"_s; }, Patience));
     EXPECT_EQ(controller->webView()->url().path(), u"/page.html"_s);
-    controller->webView()->back();
+    controller->startSearch();
     ASSERT_TRUE(QTest::qWaitFor([this] { return controller->webView()->title() == u"Results"_s; }, Patience));
     click(u"html"_s);
     ASSERT_TRUE(QTest::qWaitFor([this] { return controller->webView()->title() == u"A page"_s; }, Patience));
@@ -327,8 +337,11 @@ TEST_F(WebSearchWindowTest, ProgramsAreRefusedAndBrokenDownloadsDropped)
 
     click(u"broken"_s);
     ASSERT_TRUE(QTest::qWaitFor([this] { return log.count(u"download:didFailWithError"_s) == 1; }, Patience));
+    // The browser would resume the broken download on its own; it stays failed.
+    QTest::qWait(1000);
+    EXPECT_EQ(log.count(u"download:didFailWithError"_s), 1);
     EXPECT_TRUE(controller->downloaders().isEmpty());
-    EXPECT_TRUE(controller->tempFiles().isEmpty());
+    EXPECT_TRUE(controller->tempFiles().isEmpty()) << controller->tempFiles().join(u' ').toStdString();
     EXPECT_TRUE(delegate.handed.isEmpty());
 }
 
