@@ -48,7 +48,7 @@ TEST_F(DownloadTest, NothingHappensForAMissingPathOrAFolderWithoutSubtitles)
     openMovie();
     view.attached = {{u"WebSearch"_s, {}}};
     project->finishedDownloading(dir.path(u"gone"_s));
-    project->finishedDownloading(unpacked({{u"readme.txt"_s, "no subtitles"}}));
+    project->finishedDownloading(unpacked({{u"readme.nfo"_s, "no subtitles"}, {u"cover.jpg"_s, "jpeg"}}));
     EXPECT_TRUE(project->subtitles().isEmpty());
     EXPECT_TRUE(view.ended.isEmpty());
     EXPECT_FALSE(project->hasChanged());
