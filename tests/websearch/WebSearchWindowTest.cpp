@@ -28,6 +28,7 @@
 #include <QTest>
 #include <QWebEngineDownloadRequest>
 #include <QWebEnginePage>
+#include <QWebEngineProfile>
 #include <QWebEngineView>
 
 #include <gtest/gtest.h>
@@ -211,6 +212,8 @@ TEST_F(WebSearchWindowTest, ThePopUpHasSectionsDeadItemsAndTheUserEngines)
     EXPECT_EQ(button->currentText(), u"Local"_s);
     EXPECT_EQ(controller->engineDefaultsKey(), u"WebSearchEngine"_s);
     EXPECT_EQ(controller->autoloadDefaultsKey(), u"WebSearchAutoload"_s);
+    // Nothing of the pages (cookies, cache) is kept on disk.
+    EXPECT_TRUE(controller->webView()->page()->profile()->isOffTheRecord());
 
     // A broken user file is reported and the shipped engines stay.
     data.write(u"captora/WebSearch.plist"_s, "<plist><dict><key>Local</key>");
