@@ -2,7 +2,7 @@
 // file outside the folder it unpacks into. Seeded from the archives the web search tests
 // make (scripts/fuzz-briefly runs tests/websearch/make_archives.py).
 #include "ArchiveUnzip.h"
-#include "FuzzSupport.h"
+#include "Log.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -11,6 +11,17 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+// The readers' FUZZ_CHECK, without their cue helpers.
+#define FUZZ_CHECK(condition)                                                                                \
+    do {                                                                                                     \
+        if (!(condition)) {                                                                                  \
+            std::fprintf(stderr, "invariant broken: %s (%s:%d)\n", #condition, __FILE__, __LINE__);          \
+            std::abort();                                                                                    \
+        }                                                                                                    \
+    } while (false)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {

@@ -115,6 +115,7 @@ TEST_F(UnzipTest, EncryptedEntriesAreSkippedWithAMessage)
 
 TEST_F(UnzipTest, BombsAndCrowdsStopBeforeAnythingIsWritten)
 {
+    testArchive(u"bomb.zip"_s); // made before the clock starts
     QElapsedTimer timer;
     timer.start();
     EXPECT_FALSE(unzip(u"bomb.zip"_s));

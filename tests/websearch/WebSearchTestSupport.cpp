@@ -1,6 +1,7 @@
 #include "WebSearchTestSupport.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -13,18 +14,27 @@ using namespace Qt::StringLiterals;
 
 QString testArchive(const QString &name)
 {
-    static QTemporaryDir folder;
-    static bool made = false;
-    if (!made) {
-        made = true;
+    // Made once for all test programs of the build (each test runs in a process of its own):
+    // in a fresh folder that is then renamed into place, so that two tests running at once
+    // never see half a set.
+    static const QString folder = [] {
+        const QString script = QStringLiteral(CAPTORA_WEBSEARCH_TEST_DIR "/make_archives.py");
+        const QString made = QStringLiteral(CAPTORA_WEBSEARCH_ARCHIVE_DIR);
+        const QFileInfo stamp(made + u"/Film.srt"_s);
+        if (stamp.exists() && stamp.lastModified() >= QFileInfo(script).lastModified())
+            return made;
+        QTemporaryDir fresh(made + u"-XXXXXX"_s);
         QProcess python;
-        python.start(u"python3"_s,
-                     {QStringLiteral(CAPTORA_WEBSEARCH_TEST_DIR "/make_archives.py"), folder.path()});
-        const bool ok = python.waitForFinished(120000) && python.exitStatus() == QProcess::NormalExit &&
+        python.start(u"python3"_s, {script, fresh.path()});
+        const bool ok = python.waitForFinished(300000) && python.exitStatus() == QProcess::NormalExit &&
                         python.exitCode() == 0;
         EXPECT_TRUE(ok) << python.readAllStandardError().toStdString();
-    }
-    return QDir(folder.path()).filePath(name);
+        QDir(made).removeRecursively();
+        if (QDir().rename(fresh.path(), made))
+            fresh.setAutoRemove(false);
+        return made;
+    }();
+    return QDir(folder).filePath(name);
 }
 
 LocalHttpServer::LocalHttpServer()

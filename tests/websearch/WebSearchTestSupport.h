@@ -11,7 +11,8 @@
 class QTcpServer;
 
 // The path of an archive (or file) that make_archives.py wrote: "good.zip", "bomb.zip",
-// "sub.rar", ... Made once per test program, in a temporary folder.
+// "sub.rar", ... Made once per build tree (again when the script changes), under
+// build/.../tests/websearch/archives.
 QString testArchive(const QString &name);
 
 // A small HTTP server on 127.0.0.1 for the browser to load from: each path answers with a
