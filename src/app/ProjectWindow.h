@@ -57,6 +57,7 @@ public:
     // Commands the window cannot run itself ("searchOnline:", "embedSubtitle:",
     // "extractAllSubtitles:") go to this handler.
     void setCommandHandler(std::function<void(const QString &)> handler) { m_commandHandler = std::move(handler); }
+    const std::function<void(const QString &)> &commandHandler() const { return m_commandHandler; }
     // Sheets of kinds the window does not know ("EmbedOptions", "WebSearch", ...): the factory
     // makes the dialog; the window shows it modal for itself and reports its end.
     using SheetFactory = std::function<QDialog *(const Sheet &sheet, QWidget *parent)>;

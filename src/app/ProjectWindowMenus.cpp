@@ -69,7 +69,8 @@ void ProjectWindow::buildMenus()
     file->addSeparator();
     addCommand(file, tr("Embed Subtitles into Movie…"), u"embedSubtitle:"_s);
     addCommand(file, tr("Extract Subtitles"), u"extractAllSubtitles:"_s);
-    addCommand(file, tr("Download via Web Search…"), u"searchOnline:"_s);
+    addCommand(file, tr("Download via Web Search…"), u"searchOnline:"_s,
+               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
     file->addSeparator();
     addCommand(file, tr("Close"), u"shouldCloseProject:"_s, QKeySequence::Close);
     addCommand(file, tr("Quit"), u"terminate:"_s, QKeySequence::Quit);

@@ -7,6 +7,7 @@
 #include "ProjectWindow.h"
 #include "RecoveryStore.h"
 #include "Settings.h"
+#include "WebSearchWiring.h"
 #include "WindowPrompter.h"
 
 #include <QApplication>
@@ -46,6 +47,7 @@ int main(int argc, char **argv)
     ScopedPrompter scopedPrompter(&prompter);
     CTWindowController::registerDefaults();
     connectPlayers(window);
+    connectWebSearch(window);
     window.start();
     window.show();
 

@@ -203,6 +203,8 @@ public:
     void deleteSubtitleFile();
     void droppedFiles(const QStringList &paths);
     void finishedDownloading(const QString &path);
+    // What the web search window downloads besides archives: MIME fragments and extensions.
+    static QStringList acceptedDownloadTypes();
     int embeddingState() const { return m_embeddingState; }
     void setEmbeddingState(int state) { m_embeddingState = state; }
 

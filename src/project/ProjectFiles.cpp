@@ -301,6 +301,11 @@ void CTWindowController::droppedFiles(const QStringList &paths)
     });
 }
 
+QStringList CTWindowController::acceptedDownloadTypes()
+{
+    return {u"zip"_s, u"rar"_s, u"srt"_s, u"application/txt"_s, u"sub"_s, u"ass"_s, u"ssa"_s};
+}
+
 void CTWindowController::finishedDownloading(const QString &path)
 {
     const QFileInfo info(path);
