@@ -1,8 +1,11 @@
+#include "CTAppDelegate.h"
+#include "CTPreferenceController.h"
 #include "CTWindowController.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlayerWiring.h"
 #include "ProgramOptions.h"
+#include "ProgressWindow.h"
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "WindowPrompter.h"
@@ -16,6 +19,10 @@ using namespace Qt::StringLiterals;
 
 // captora [--log-characters] [MOVIE_OR_SUBTITLE...]: the project window; files on the command
 // line are opened as if dropped on it.
+//
+// Start-up order: settings and their defaults, the interface language, the window with its
+// menus, then the disclaimer (which may end the program before any project opens), then the
+// project (reopening the last movie when asked to), then the files given.
 int main(int argc, char **argv)
 {
     // The libmpv picture keeps its GL context when the movie view moves to a full-screen
@@ -24,24 +31,31 @@ int main(int argc, char **argv)
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"Captora"_s);
     QApplication::setOrganizationName(u"Captora"_s);
+    QApplication::setApplicationVersion(QStringLiteral(CAPTORA_VERSION));
     // Qt sets the C locale from the environment; the players parse numbers with the C one.
     std::setlocale(LC_NUMERIC, "C");
     installLogHandler();
     const QStringList arguments = applyProgramOptions(app.arguments());
     MainQueue::main().attachToEventLoop();
     Settings::shared().useUserSettings();
+    CTWindowController::registerDefaults();
+    CTPreferenceController::registerDefaults();
+    CTAppDelegate::applyInterfaceLanguage();
 
     ProjectWindow window;
     WindowPrompter prompter(&window);
     ScopedPrompter scopedPrompter(&prompter);
-    CTWindowController::registerDefaults();
-    connectPlayers(window);
-    window.start();
+    ProgressWindow progress(&window);
+    CTAppDelegate delegate(window, progress);
+    connectPlayers(window, &progress);
     window.show();
+    if (!delegate.applicationDidFinishLaunching())
+        return 0;
+    window.start();
 
     QStringList files;
     for (const QString &argument : arguments)
         files << QFileInfo(argument).absoluteFilePath();
-    window.openFiles(files);
+    delegate.applicationOpenFiles(files);
     return app.exec();
 }

@@ -263,6 +263,11 @@ public:
     // Whether the table's filter accepts the cue.
     bool searchPredicateAccepts(const VHSubtitle &cue) const;
     void replaceAll(const QString &search, const QString &replacement);
+    // Whether the window shows the replace field (observable key "showReplace").
+    bool showReplace() const { return m_showReplace; }
+    void setShowReplace(bool show);
+    // The one-time notices (the disclaimer, the Tap2Sync explanation) show again.
+    void resetMessages();
     void silentGotoNextSubtitle();
     void silentGotoPreviousSubtitle();
 
@@ -348,6 +353,7 @@ private:
     QString m_foldedSearch;
     bool m_searchIsAscii = true;
     bool m_searchCaseSensitive = false;
+    bool m_showReplace = false;
     LanguageList m_languages;
     qsizetype m_selectedLanguageIndex = -1;
     QList<Sheet> m_waitingSheets;
@@ -357,6 +363,7 @@ private:
     double m_fps = 0;
     double m_movieDuration = 0;
     int m_movieKind = 0;
+    int m_firstPlayerKind = 1; // the player the open movie was tried with first
     int m_embeddingState = 0;
     int m_extractableSubtitles = 0;
     bool m_extractableChapters = false;
