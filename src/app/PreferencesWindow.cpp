@@ -16,6 +16,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,8 +26,9 @@ const QString TapDelayKey = u"TapDelaySecs"_s;
 
 QLabel *note(const QString &text, QWidget *parent)
 {
+    // Not wrapped: a wrapped label in a form leaves the window too short for it. The texts
+    // carry their own line breaks.
     auto *label = new QLabel(text, parent);
-    label->setWordWrap(true);
     QFont font = label->font();
     font.setPointSizeF(font.pointSizeF() * 0.9);
     label->setFont(font);
@@ -64,7 +67,7 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     m_exportEncoding->insertSeparator(1);
     filesForm->addRow(tr("Export in:"), m_exportEncoding);
     filesForm->addRow(
-        note(tr("The export window starts with this encoding and remembers what you choose there."), files));
+        note(tr("The export window starts with this encoding\nand remembers what you choose there."), files));
     layout->addWidget(files);
 
     auto *language = new QGroupBox(tr("Interface Language"), this);
@@ -74,10 +77,9 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     languageForm->addRow(tr("Language:"), m_language);
     m_ignoreCountry = new QCheckBox(tr("List languages without their region"), language);
     languageForm->addRow(m_ignoreCountry);
-    languageForm->addRow(
-        note(tr("A new interface language applies the next time Captora starts. The language "
-                "also decides which subtitle file of a movie opens first."),
-             language));
+    languageForm->addRow(note(tr("A new interface language applies the next time Captora starts.\n"
+                                 "The language also decides which subtitle file of a movie opens first."),
+                              language));
     layout->addWidget(language);
 
     auto *timing = new QGroupBox(tr("Timing"), this);
@@ -87,7 +89,7 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     m_tapDelay = secondsField(0, 5, 0.05, timing);
     timingForm->addRow(tr("Tap2Sync reaction time:"), m_tapDelay);
     timingForm->addRow(
-        note(tr("A tap fixes the line at the playing time minus your reaction time."), timing));
+        note(tr("A tap fixes the line at the playing time\nminus your reaction time."), timing));
     m_readingSpeed = new QDoubleSpinBox(timing);
     m_readingSpeed->setDecimals(1);
     m_readingSpeed->setRange(1, 100);
@@ -107,8 +109,8 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     m_player->addItem(tr("libVLC, then libmpv"), 2);
     programForm->addRow(tr("Play movies with:"), m_player);
     programForm->addRow(
-        note(tr("Subtitles can be embedded into and extracted from movies that libmpv plays. The "
-                "player applies to the next movie you open."),
+        note(tr("Subtitles can be embedded into and extracted from movies that libmpv plays.\n"
+                "The player applies to the next movie you open."),
              program));
     layout->addWidget(program);
 
@@ -123,23 +125,21 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     connect(m_ignoreCountry, &QCheckBox::toggled, this, [this](bool on) {
         if (m_showing)
             return;
-        Settings::shared().setValue(VHLanguagePopUpButton::IgnoreCountryKey, on);
+        store(VHLanguagePopUpButton::IgnoreCountryKey, on);
         CTPreferenceController::sharedPreferenceController().useOnlyLanguageChanged();
     });
     auto storeOnChange = [this](auto *field, const QString &key) {
         connect(field, &std::remove_pointer_t<decltype(field)>::valueChanged, this, [this, key](auto value) {
             if (!m_showing)
-                Settings::shared().setValue(key, value);
+                store(key, value);
         });
     };
     storeOnChange(m_tapRewind, TapRewindKey);
     storeOnChange(m_tapDelay, TapDelayKey);
     storeOnChange(m_readingSpeed, CTPreferenceController::MaxCharactersPerSecondKey);
     storeOnChange(m_autosave, CTPreferenceController::AutosaveIntervalKey);
-    connect(m_player, &QComboBox::activated, this, [this] {
-        Settings::shared().setValue(CTPreferenceController::PreferredPlayerKey,
-                                    m_player->currentData().toInt());
-    });
+    connect(m_player, &QComboBox::activated, this,
+            [this] { store(CTPreferenceController::PreferredPlayerKey, m_player->currentData().toInt()); });
 
     // Whatever changes a setting meanwhile (the export window, another control), the
     // window shows it.
@@ -186,10 +186,19 @@ void PreferencesWindow::exportEncodingChosen()
     if (chosen == FollowReadingEncoding)
         settings.remove(CTPreferenceController::ExportEncodingKey);
     else
-        settings.setValue(CTPreferenceController::ExportEncodingKey, qint64(chosen));
+        store(CTPreferenceController::ExportEncodingKey, qint64(chosen));
 }
 
 void PreferencesWindow::changeLanguagePreference()
 {
-    Settings::shared().setValue(CTPreferenceController::LocaleKey, m_language->selectedID());
+    store(CTPreferenceController::LocaleKey, m_language->selectedID());
+}
+
+void PreferencesWindow::store(const QString &key, const QVariant &value)
+{
+    // The control that changed already shows the value: showing the settings again now
+    // would put the value back into a field the user is typing in.
+    const bool wasShowing = std::exchange(m_showing, true);
+    Settings::shared().setValue(key, value);
+    m_showing = wasShowing;
 }

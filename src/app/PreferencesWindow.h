@@ -45,6 +45,7 @@ public:
 
 private:
     void showSettings();
+    void store(const QString &key, const QVariant &value);
     void exportEncodingChosen();
 
     VHEncodingPopupButton *m_encoding = nullptr;

@@ -27,6 +27,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -392,6 +393,13 @@ TEST_F(ShellTest, PreferencesAreStoredAtOnceAndFollowTheSettings)
     EXPECT_DOUBLE_EQ(settings.doubleValue(u"TapDelaySecs"_s), 0.5);
     EXPECT_DOUBLE_EQ(settings.doubleValue(u"MaxCharactersPerSecond"_s), 21);
     EXPECT_EQ(settings.integerValue(u"AutosaveInterval"_s), 120);
+    // Typing a value stores it as typed: the field is not refilled under the typing.
+    QDoubleSpinBox *rewind = prefs->tapRewindField();
+    rewind->setFocus();
+    rewind->selectAll();
+    QTest::keyClicks(rewind, u"4.5"_s);
+    EXPECT_DOUBLE_EQ(settings.doubleValue(u"TapRewindSecs"_s), 4.5);
+    EXPECT_DOUBLE_EQ(rewind->value(), 4.5);
     settings.setValue(u"TapDelaySecs"_s, 0.25);
     EXPECT_DOUBLE_EQ(prefs->tapDelayField()->value(), 0.25);
 
