@@ -25,7 +25,8 @@ EmbedOptionsDialog::EmbedOptionsDialog(std::shared_ptr<CTSubtitleEmbedder> embed
     heading->setFont(bold);
     layout->addWidget(heading);
     auto *explanation =
-        new QLabel(tr("The ticked tracks go into a new movie, “%1”. The movie itself is kept as it is.")
+        new QLabel(tr("The ticked tracks go into a new movie, “%1”, with the movie's picture and sound. When "
+                      "it is complete it takes the movie's place, and the original movie is kept beside it.")
                        .arg(QFileInfo(m_embedder->outputMoviePath()).fileName()),
                    this);
     explanation->setWordWrap(true);
