@@ -15,10 +15,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QStatusBar>
 
 using namespace Qt::StringLiterals;
 
@@ -58,6 +60,16 @@ CTAppDelegate::CTAppDelegate(ProjectWindow &window, ProgressWindow &progress)
     CTPreferenceController::registerDefaults();
     buildMenus();
     m_window.setTerminationHandler([this] { terminate(); });
+    // Saved changes that are not in the movie yet are named under the window; the embedding
+    // state changes with saving, embedding and opening, which all announce project keys.
+    m_needToEmbed = new QLabel(tr("The subtitles have changed since they were embedded into the movie."));
+    m_window.statusBar()->addPermanentWidget(m_needToEmbed);
+    m_needToEmbed->hide();
+    m_projectToken = m_window.project()->observeKey(QString(), [this](Observable *, const QString &key,
+                                                                      Observable::Change change) {
+        if (change == Observable::Change::Did && key != u"currentTime"_s)
+            m_needToEmbed->setVisible(m_window.project()->needToEmbed() && m_window.project()->canEmbed());
+    });
     m_progress.allEnded = [this] {
         if (m_quitWhenTasksEnd) {
             m_quitWhenTasksEnd = false;

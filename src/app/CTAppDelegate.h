@@ -6,10 +6,13 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <memory>
+
 class PreferencesWindow;
 class ProgressWindow;
 class ProjectWindow;
 class QAction;
+class QLabel;
 class QMenu;
 class RecentFilesMenu;
 
@@ -51,6 +54,8 @@ public:
     PreferencesWindow *preferencesWindow() const;
     void showTasks();
     RecentFilesMenu *recentFiles() const { return m_recent; }
+    // The note in the window's status bar while the movie needs embedding.
+    QLabel *needToEmbedLabel() const { return m_needToEmbed; }
 
     // The menu items this object adds, by name: "showPreferences:", "showTasks:",
     // "resetMessages:", "showReplace:", "orderFrontAboutPanel:".
@@ -76,4 +81,6 @@ private:
     RecentFilesMenu *m_recent = nullptr;
     QList<QAction *> m_actions;
     bool m_quitWhenTasksEnd = false;
+    QLabel *m_needToEmbed = nullptr;
+    std::shared_ptr<void> m_projectToken;
 };

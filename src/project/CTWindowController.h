@@ -189,6 +189,9 @@ public:
     void droppedFiles(const QStringList &paths);
     void finishedDownloading(const QString &path);
     int embeddingState() const { return m_embeddingState; }
+    // The movie needs embedding: its subtitles were saved with changes since, or the last
+    // embedding failed (embedding state 2).
+    bool needToEmbed() const { return m_embeddingState == 2; }
     void setEmbeddingState(int state) { m_embeddingState = state; }
 
     // --- leaving and closing ---------------------------------------------------------

@@ -438,6 +438,24 @@ TEST_F(ShellTest, TheChosenPlayerTriesTheNextMovieFirst)
     EXPECT_EQ(kinds, (QList<int>{2, 1}));
 }
 
+TEST_F(ShellTest, TheWindowSaysWhenSavedChangesAreNotInTheMovieYet)
+{
+    const QString movie = dir.write(u"Film.mp4"_s, "movie");
+    dir.write(u"Film.en.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nHello\n\n");
+    openMovie(movie);
+    QLabel *note = delegate->needToEmbedLabel();
+    EXPECT_FALSE(note->isVisible());
+    window->project()->setSelectionIndices({0});
+    window->project()->setSubtitleText(u"Hello again"_s);
+    EXPECT_FALSE(note->isVisible()); // not saved yet
+    window->project()->saveSubtitle();
+    EXPECT_TRUE(window->project()->needToEmbed());
+    EXPECT_TRUE(note->isVisible());
+    // Another movie starts with nothing to embed.
+    openMovie(dir.write(u"Other.mp4"_s, "movie"));
+    EXPECT_FALSE(note->isVisible());
+}
+
 TEST_F(ShellTest, OpenRecentListsMoviesThatOpenedAndOpensThem)
 {
     const QString first = dir.write(u"First.mp4"_s, "movie");
