@@ -161,6 +161,18 @@ private:
     // second request while one is pending or running brings up what is there.
     void embedMovieAtPath(const QString &path)
     {
+        // Options that were never shown (their sheet was dropped with the project's waiting
+        // sheets) are forgotten, as are ended runs.
+        const QList<Sheet> attached = m_window.attachedSheets();
+        for (auto it = m_pendingOptions.begin(); it != m_pendingOptions.end();) {
+            if (!attached.contains(Sheet{u"EmbedOptions"_s, it.key()}) &&
+                !m_window.project()->hasWaitingSheet(Sheet{u"EmbedOptions"_s, it.key()})) {
+                std::erase(m_embedders, it.value());
+                it = m_pendingOptions.erase(it);
+            } else {
+                ++it;
+            }
+        }
         std::erase_if(m_embedders, [](const auto &embedder) { return embedder->hasEnded(); });
         for (const auto &embedder : std::as_const(m_embedders)) {
             if (embedder->moviePath() == path) {

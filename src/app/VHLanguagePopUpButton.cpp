@@ -226,6 +226,10 @@ void VHLanguagePopUpButton::setSelectedID(const QString &identifier)
         for (qsizetype i = 1; i < identifiers.size() && index < 0; ++i)
             if (identifier.contains(identifiers[i]))
                 index = i;
+        // A language listed only with its region: "de" selects "de_DE".
+        for (qsizetype i = 1; i < identifiers.size() && index < 0 && !identifier.isEmpty(); ++i)
+            if (identifiers[i].startsWith(identifier + u'_'))
+                index = i;
     }
     selectItemWithTag(int(std::max<qsizetype>(index, 0)));
 }

@@ -54,7 +54,8 @@ public:
     // The identifier of the selected item; "" when the selection is not a language.
     QString selectedID() const;
     // Selects the identifier; else the first listed identifier that it contains ("de_AT"
-    // selects "de"); else "Unknown". Nothing happens for a null string.
+    // selects "de"); else the first one of its language ("de" selects "de_DE"); else
+    // "Unknown". Nothing happens for a null string.
     void setSelectedID(const QString &identifier);
     int selectedTag() const;
     void selectItemWithTag(int tag);

@@ -255,6 +255,7 @@ public:
     void showNextSheet();
     void didEndSheet(const Sheet &sheet, int returnCode);
     qsizetype waitingSheetCount() const { return m_waitingSheets.size(); }
+    bool hasWaitingSheet(const Sheet &sheet) const { return m_waitingSheets.contains(sheet); }
 
     // --- editing commands ----------------------------------------------------------------
     void addSubtitle();

@@ -409,6 +409,12 @@ TEST_F(ShellTest, PreferencesAreStoredAtOnceAndFollowTheSettings)
     choose(prefs->languageButton(), 1);
     EXPECT_EQ(settings.stringValue(u"Locale"_s), u"de"_s);
     EXPECT_EQ(CTAppDelegate::interfaceLocale().language(), QLocale::German);
+
+    // Listing the regions rebuilds the languages at once; the choice stays on its language.
+    prefs->ignoreCountryBox()->setChecked(false);
+    EXPECT_FALSE(settings.boolValue(u"VHLanguageIgnoreCountry"_s));
+    EXPECT_EQ(VHLanguagePopUpButton::languageIdentifiers(), (QStringList{QString(), u"de_DE"_s, u"en_US"_s}));
+    EXPECT_EQ(prefs->languageButton()->selectedID(), u"de_DE"_s);
 }
 
 TEST_F(ShellTest, TheChosenPlayerTriesTheNextMovieFirst)
