@@ -36,9 +36,36 @@ QLabel *note(const QString &text, QWidget *parent)
     return label;
 }
 
+// Takes a decimal point or a decimal comma, whatever the locale, as the window's time fields
+// do: "4.5" is not forty-five in a German interface.
+class DecimalSpinBox final : public QDoubleSpinBox
+{
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+
+protected:
+    QValidator::State validate(QString &input, int &pos) const override
+    {
+        QString text = normalized(input);
+        return QDoubleSpinBox::validate(text, pos);
+    }
+    double valueFromText(const QString &text) const override
+    {
+        return QDoubleSpinBox::valueFromText(normalized(text));
+    }
+
+private:
+    QString normalized(QString text) const
+    {
+        const QString point = locale().decimalPoint();
+        text.replace(u'.', point).replace(u',', point);
+        return text;
+    }
+};
+
 QDoubleSpinBox *secondsField(double minimum, double maximum, double step, QWidget *parent)
 {
-    auto *field = new QDoubleSpinBox(parent);
+    auto *field = new DecimalSpinBox(parent);
     field->setDecimals(2);
     field->setRange(minimum, maximum);
     field->setSingleStep(step);
@@ -90,7 +117,7 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     timingForm->addRow(tr("Tap2Sync reaction time:"), m_tapDelay);
     timingForm->addRow(
         note(tr("A tap fixes the line at the playing time\nminus your reaction time."), timing));
-    m_readingSpeed = new QDoubleSpinBox(timing);
+    m_readingSpeed = new DecimalSpinBox(timing);
     m_readingSpeed->setDecimals(1);
     m_readingSpeed->setRange(1, 100);
     m_readingSpeed->setSuffix(tr(" characters per second"));

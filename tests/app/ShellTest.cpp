@@ -400,6 +400,10 @@ TEST_F(ShellTest, PreferencesAreStoredAtOnceAndFollowTheSettings)
     QTest::keyClicks(rewind, u"4.5"_s);
     EXPECT_DOUBLE_EQ(settings.doubleValue(u"TapRewindSecs"_s), 4.5);
     EXPECT_DOUBLE_EQ(rewind->value(), 4.5);
+    // A decimal comma is a decimal point too, in any locale.
+    rewind->selectAll();
+    QTest::keyClicks(rewind, u"2,5"_s);
+    EXPECT_DOUBLE_EQ(settings.doubleValue(u"TapRewindSecs"_s), 2.5);
     settings.setValue(u"TapDelaySecs"_s, 0.25);
     EXPECT_DOUBLE_EQ(prefs->tapDelayField()->value(), 0.25);
 
