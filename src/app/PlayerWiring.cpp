@@ -3,20 +3,23 @@
 #include "CTSubtitleEmbedder.h"
 #include "CTSubtitleExtractor.h"
 #include "CTWindowController.h"
+#include "EmbedOptionsDialog.h"
 #include "EmbeddingFinished.h"
 #include "Log.h"
 #include "MovieAsset.h"
 #include "ProgressStatus.h"
+#include "ProgressWindow.h"
 #include "ProjectWindow.h"
 #include "VHMovieController.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QPointer>
-#include <QProgressDialog>
+#include <QHash>
+#include <QTimer>
 
 #include <memory>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -26,10 +29,13 @@ namespace {
 // it opens, and embedding the edited subtitles back into it. Lives as long as the window.
 class MovieServices final : public QObject, CTSubtitleExtractorDelegate, CTSubtitleEmbedderDelegate
 {
+    Q_DECLARE_TR_FUNCTIONS(MovieServices)
+
 public:
-    explicit MovieServices(ProjectWindow &window)
+    MovieServices(ProjectWindow &window, ProgressWindow &progress)
         : QObject(&window)
         , m_window(window)
+        , m_progress(progress)
     {
         m_window.setPlayers(
             [](int kind) -> PlaybackControl * { return VHMovieController::controllerOfKind(kind); },
@@ -43,16 +49,19 @@ public:
                 return movieController->view();
             });
         m_window.setCommandHandler([this](const QString &command) { runCommand(command); });
-        CTWindowController *project = m_window.project();
-        project->setExtractionHook([this](bool subtitles, bool chapters) {
-            extract(subtitles, chapters, /*onlyMissing=*/true);
+        m_window.setSheetFactory(u"EmbedOptions"_s, [this](const Sheet &sheet, QWidget *parent) {
+            return embedOptions(sheet, parent);
         });
+        CTWindowController *project = m_window.project();
+        project->setExtractionHook(
+            [this](bool subtitles, bool chapters) { extract(subtitles, chapters, /*onlyMissing=*/true); });
         // Whenever the project moves to another movie (or none), the extract command's title
         // follows what that movie carries.
-        m_movieToken = project->observeKey(u"basePath"_s, [this](Observable *, const QString &, Observable::Change change) {
-            if (change == Observable::Change::Did)
-                updateExtractableCounts();
-        });
+        m_movieToken = project->observeKey(u"basePath"_s,
+                                           [this](Observable *, const QString &, Observable::Change change) {
+                                               if (change == Observable::Change::Did)
+                                                   updateExtractableCounts();
+                                           });
     }
 
 private:
@@ -88,7 +97,7 @@ private:
         if (command == u"extractAllSubtitles:"_s)
             extract(true, true, /*onlyMissing=*/false);
         else if (command == u"embedSubtitle:"_s)
-            embed();
+            embedMovieAtPath(m_window.project()->moviePath());
         else
             logLine(u"Info: \"%1\" is not available in this build"_s.arg(command));
     }
@@ -105,78 +114,111 @@ private:
             return;
         }
         auto status = std::make_shared<ProgressStatus>();
-        status->setTitle(QCoreApplication::translate("MovieServices", "Extract Subtitles"));
+        status->setTitle(tr("Extract Subtitles"));
         m_extractor = CTSubtitleExtractor::initWithAsset(asset, project->moviePath(), status);
         m_extractor->setDelegate(this);
         m_extractor->extractSubtitles(subtitles, chapters, onlyMissing);
-        if (!m_extractor->isRunning())
+        if (!m_extractor->isRunning()) {
             project->subtitleExtractorFinished();
+            return;
+        }
+        // Listed in the task list while the tracks are written; the window comes up when the
+        // user asked for the extraction, not when a movie merely opens.
+        status->setProgress(ProgressStatus::Busy);
+        status->setMessage(fileNames(m_extractor->queuedPaths()));
+        m_progress.addProgressStatus(status);
+        if (!onlyMissing)
+            showTasks();
     }
 
-    void subtitleExtractorFinished(CTSubtitleExtractor *) override
+    static QString fileNames(const QStringList &paths)
     {
+        QStringList names;
+        for (const QString &path : paths)
+            names << QFileInfo(path).fileName();
+        return names.join(u", "_s);
+    }
+
+    void subtitleExtractorFinished(CTSubtitleExtractor *extractor) override
+    {
+        if (const ProgressStatusPtr &status = extractor->status()) {
+            if (const int damaged = extractor->damagedTracks(); damaged > 0)
+                status->setErrorMessage(tr("%n track(s) could not be read completely.", nullptr, damaged));
+            status->setProgress(ProgressStatus::Done);
+        }
         m_window.project()->subtitleExtractorFinished();
         updateExtractableCounts();
     }
 
-    // Embeds every file beside the movie that is chosen by default (one per language and the
-    // chapter marks) with the tracks the movie has, showing the progress in a dialog that can
-    // cancel the run.
-    void embed()
+    void showTasks()
     {
-        if (m_embedder && !m_embedder->hasEnded())
-            return;
-        std::shared_ptr<const MovieAsset> asset = openProjectMovie(true);
-        if (!asset)
-            return;
-        CTWindowController *project = m_window.project();
-        m_embedder = CTSubtitleEmbedder::initWithAsset(asset, project->moviePath(), project->fps());
-        m_embedder->setDuration(project->movieDuration());
-        m_embedder->setDelegate(this);
-        auto status = std::make_shared<ProgressStatus>();
-        m_embedder->setStatus(status);
-
-        auto *dialog = new QProgressDialog(
-            status->title(), QCoreApplication::translate("MovieServices", "Cancel"), 0, 1000, &m_window);
-        dialog->setWindowModality(Qt::WindowModal);
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setAutoClose(false);
-        dialog->setAutoReset(false);
-        dialog->setMinimumDuration(0);
-        m_progressDialog = dialog;
-        std::weak_ptr<CTSubtitleEmbedder> weak = m_embedder;
-        connect(dialog, &QProgressDialog::canceled, this, [weak] {
-            // After the end the button only closes the dialog.
-            if (auto embedder = weak.lock(); embedder && embedder->status() && !embedder->status()->isEnded())
-                embedder->status()->cancel();
-        });
-        m_statusToken = status->observeKey(QString(), [this, status](Observable *, const QString &, Observable::Change change) {
-            if (change == Observable::Change::Did)
-                showProgress(*status);
-        });
-        dialog->show();
-        m_embedder->createM4V();
+        m_progress.show();
+        m_progress.raise();
     }
 
-    void showProgress(const ProgressStatus &status)
+    // Opens the embedding options of a movie, as a sheet of the project window; "Embed" there
+    // lists the run in the task list and queues it. One embedding per movie at a time: a
+    // second request while one is pending or running brings up what is there.
+    void embedMovieAtPath(const QString &path)
     {
-        if (!m_progressDialog)
-            return;
-        const double progress = status.progress();
-        if (progress >= 0 && progress <= 1) {
-            m_progressDialog->setRange(0, 1000);
-            m_progressDialog->setValue(int(progress * 1000));
-        } else if (status.isIndeterminate()) {
-            m_progressDialog->setRange(0, 0);
+        // Options that were never shown (their sheet was dropped with the project's waiting
+        // sheets) are forgotten, as are ended runs.
+        const QList<Sheet> attached = m_window.attachedSheets();
+        for (auto it = m_pendingOptions.begin(); it != m_pendingOptions.end();) {
+            if (!attached.contains(Sheet{u"EmbedOptions"_s, it.key()}) &&
+                !m_window.project()->hasWaitingSheet(Sheet{u"EmbedOptions"_s, it.key()})) {
+                std::erase(m_embedders, it.value());
+                it = m_pendingOptions.erase(it);
+            } else {
+                ++it;
+            }
         }
-        QString text = status.title();
-        if (!status.message().isEmpty())
-            text += u"\n"_s + status.message();
-        if (!status.errorMessage().isEmpty())
-            text += u"\n"_s + status.errorMessage();
-        m_progressDialog->setLabelText(text);
-        if (status.isEnded())
-            m_progressDialog->setCancelButtonText(QCoreApplication::translate("MovieServices", "Close"));
+        std::erase_if(m_embedders, [](const auto &embedder) { return embedder->hasEnded(); });
+        for (const auto &embedder : std::as_const(m_embedders)) {
+            if (embedder->moviePath() == path) {
+                if (embedder->status())
+                    showTasks();
+                return;
+            }
+        }
+        std::shared_ptr<const MovieAsset> asset = openProjectMovie(true);
+        if (!asset || path != m_window.project()->moviePath())
+            return;
+        CTWindowController *project = m_window.project();
+        auto embedder = CTSubtitleEmbedder::initWithAsset(asset, path, project->fps());
+        embedder->setDuration(project->movieDuration());
+        embedder->setDelegate(this);
+        m_embedders.push_back(embedder);
+        const int id = ++m_lastSheetId;
+        m_pendingOptions.insert(id, embedder);
+        project->addSheet({u"EmbedOptions"_s, id});
+    }
+
+    QDialog *embedOptions(const Sheet &sheet, QWidget *parent)
+    {
+        const std::shared_ptr<CTSubtitleEmbedder> embedder = m_pendingOptions.take(sheet.context.toInt());
+        if (!embedder)
+            return nullptr;
+        auto *dialog = new EmbedOptionsDialog(embedder, parent);
+        connect(dialog, &QDialog::finished, this, [this, embedder](int result) {
+            if (result != QDialog::Accepted) {
+                embedder->cancel();
+                std::erase(m_embedders, embedder);
+                return;
+            }
+            // Started after the sheet has gone: the run's own questions come up on their own.
+            QTimer::singleShot(0, this, [this, embedder] { startEmbedding(embedder); });
+        });
+        return dialog;
+    }
+
+    void startEmbedding(const std::shared_ptr<CTSubtitleEmbedder> &embedder)
+    {
+        auto status = std::make_shared<ProgressStatus>();
+        embedder->setStatus(status);
+        m_progress.addProgressStatus(status);
+        showTasks();
+        embedder->createM4V();
     }
 
     void subtitleEmbedderStarted(CTSubtitleEmbedder *embedder) override
@@ -186,26 +228,29 @@ private:
 
     QString subtitleEmbedderDidFinish(CTSubtitleEmbedder *embedder, bool success) override
     {
-        if (m_progressDialog && success)
-            m_progressDialog->close();
         return ::subtitleEmbedderDidFinish(*m_window.project(), embedder->moviePath(),
                                            embedder->outputMoviePath(), success);
     }
 
     ProjectWindow &m_window;
+    ProgressWindow &m_progress;
     Observable::KeyToken m_movieToken;
-    Observable::KeyToken m_statusToken;
     std::shared_ptr<CTSubtitleExtractor> m_extractor;
-    std::shared_ptr<CTSubtitleEmbedder> m_embedder;
+    // Embeddings whose options are open, waiting or running.
+    std::vector<std::shared_ptr<CTSubtitleEmbedder>> m_embedders;
+    QHash<int, std::shared_ptr<CTSubtitleEmbedder>> m_pendingOptions; // by sheet
+    int m_lastSheetId = 0;
     std::shared_ptr<const MovieAsset> m_asset;
     QString m_assetPath;
     QDateTime m_assetModified;
-    QPointer<QProgressDialog> m_progressDialog;
 };
 
 } // namespace
 
-void connectPlayers(ProjectWindow &window)
+ProgressWindow *connectPlayers(ProjectWindow &window, ProgressWindow *progress)
 {
-    new MovieServices(window);
+    if (!progress)
+        progress = new ProgressWindow(&window);
+    new MovieServices(window, *progress);
+    return progress;
 }

@@ -273,7 +273,10 @@ QWidget *ProjectWindow::buildEditorSide()
     top->addWidget(caseSensitive);
     layout->addLayout(top);
 
-    auto *replace = new QHBoxLayout;
+    // Shown while the project's "showReplace" is on.
+    m_replaceRow = new QWidget(side);
+    auto *replace = new QHBoxLayout(m_replaceRow);
+    replace->setContentsMargins(0, 0, 0, 0);
     m_replaceField = new QLineEdit(side);
     m_replaceField->setPlaceholderText(tr("Replace with"));
     replace->addWidget(m_replaceField, 1);
@@ -281,7 +284,8 @@ QWidget *ProjectWindow::buildEditorSide()
     connect(replaceAll, &QPushButton::clicked, this,
             [this] { m_project->replaceAll(m_searchField->text(), m_replaceField->text()); });
     replace->addWidget(replaceAll);
-    layout->addLayout(replace);
+    layout->addWidget(m_replaceRow);
+    m_replaceRow->setVisible(m_project->showReplace());
 
     m_model = new CueTableModel(m_project.get(), this);
     m_table = new QTableView(side);
@@ -386,6 +390,8 @@ void ProjectWindow::projectKeyChanged(const QString &key)
         refreshEditorFields();
     if (key == u"fixMode"_s)
         m_fixButton->setFixMode(m_project->fixMode());
+    if (key == u"showReplace"_s)
+        m_replaceRow->setVisible(m_project->showReplace());
     if (key == u"searchPredicate"_s && m_searchField->text() != m_project->searchString()) {
         const QSignalBlocker blocker(m_searchField);
         m_searchField->setText(m_project->searchString());
@@ -661,10 +667,25 @@ void ProjectWindow::setPlayButtonTitle(const QString &title)
 
 void ProjectWindow::closeEvent(QCloseEvent *event)
 {
-    if (!m_project || m_terminating || m_project->windowShouldClose())
+    if (!m_project || m_terminating) {
         event->accept();
-    else
+    } else if (m_terminationHandler) {
+        // Closing the one window quits: asked after this event, whose answer is "not yet".
         event->ignore();
+        QTimer::singleShot(0, this, [this] { m_terminationHandler(); });
+    } else if (m_project->windowShouldClose()) {
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void ProjectWindow::terminateNow()
+{
+    m_project->applicationWillTerminate();
+    m_terminating = true;
+    close();
+    QCoreApplication::quit();
 }
 
 void ProjectWindow::dragEnterEvent(QDragEnterEvent *event)

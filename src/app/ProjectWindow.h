@@ -63,6 +63,13 @@ public:
     using SheetFactory = std::function<QDialog *(const Sheet &sheet, QWidget *parent)>;
     void setSheetFactory(const QString &kind, SheetFactory factory) { m_sheetFactories[kind] = std::move(factory); }
 
+    // Quitting (the Quit command, closing the window) asks this handler when one is set; it
+    // decides, and ends with terminateNow() when the program may quit.
+    void setTerminationHandler(std::function<void()> handler) { m_terminationHandler = std::move(handler); }
+    // Quits without asking again: the project hears that the program terminates, the window
+    // closes and the event loop ends.
+    void terminateNow();
+
     // The project's window set-up (remembered folders, the last movie when asked for).
     void start();
     // Files given on the command line or by the desktop: handled as a drop.
@@ -90,6 +97,7 @@ public:
     QPlainTextEdit *textField() const { return m_textField; }
     QCheckBox *forcedBox() const { return m_forcedBox; }
     QLineEdit *searchField() const { return m_searchField; }
+    QLineEdit *replaceField() const { return m_replaceField; }
     CTFixButton *fixButton() const { return m_fixButton; }
     QPushButton *playButton() const { return m_playButton; }
     QToolButton *languageButton() const { return m_languageButton; }
@@ -160,6 +168,7 @@ private:
     PlaybackControlFactory m_playerFactory;
     PlayerViewOf m_viewOf;
     std::function<void(const QString &)> m_commandHandler;
+    std::function<void()> m_terminationHandler;
     QHash<QString, SheetFactory> m_sheetFactories;
     QList<std::pair<Sheet, QPointer<QDialog>>> m_sheets;
     Observable::KeyToken m_projectKeys;
@@ -191,6 +200,7 @@ private:
     QCheckBox *m_forcedBox = nullptr;
     QLineEdit *m_searchField = nullptr;
     QLineEdit *m_replaceField = nullptr;
+    QWidget *m_replaceRow = nullptr;
     CTFixButton *m_fixButton = nullptr;
     QLabel *m_rangeLabel = nullptr;
     QToolButton *m_caseSensitiveButton = nullptr;

@@ -170,11 +170,10 @@ void ProjectWindow::runCommand(const QString &command)
     } else if (command == u"shouldCloseProject:"_s) {
         p.closeProject();
     } else if (command == u"terminate:"_s) {
-        if (p.applicationShouldTerminate()) {
-            p.applicationWillTerminate();
-            m_terminating = true;
-            close();
-        }
+        if (m_terminationHandler)
+            m_terminationHandler();
+        else if (p.applicationShouldTerminate())
+            terminateNow();
     } else if (command == u"addSubtitle:"_s) {
         p.addSubtitle();
     } else if (command == u"deleteSubtitle:"_s) {

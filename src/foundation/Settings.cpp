@@ -57,6 +57,11 @@ bool Settings::contains(const QString &key) const
     return storage().contains(key) || m_defaults.contains(key);
 }
 
+bool Settings::hasStoredValue(const QString &key) const
+{
+    return storage().contains(key);
+}
+
 void Settings::setValue(const QString &key, const QVariant &value)
 {
     willChangeValueForKey(key);

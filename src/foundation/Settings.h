@@ -34,6 +34,8 @@ public:
     // The stored value, else the registered default, else an invalid QVariant.
     QVariant value(const QString &key) const;
     bool contains(const QString &key) const;
+    // Whether the user's settings hold a value of their own (a registered default does not count).
+    bool hasStoredValue(const QString &key) const;
     bool boolValue(const QString &key) const { return value(key).toBool(); }
     qint64 integerValue(const QString &key) const { return value(key).toLongLong(); }
     double doubleValue(const QString &key) const { return value(key).toDouble(); }

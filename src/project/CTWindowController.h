@@ -206,6 +206,9 @@ public:
     // What the web search window downloads besides archives: MIME fragments and extensions.
     static QStringList acceptedDownloadTypes();
     int embeddingState() const { return m_embeddingState; }
+    // The movie needs embedding: its subtitles were saved with changes since, or the last
+    // embedding failed (embedding state 2).
+    bool needToEmbed() const { return m_embeddingState == 2; }
     void setEmbeddingState(int state) { m_embeddingState = state; }
 
     // --- leaving and closing ---------------------------------------------------------
@@ -269,6 +272,7 @@ public:
     void showNextSheet();
     void didEndSheet(const Sheet &sheet, int returnCode);
     qsizetype waitingSheetCount() const { return m_waitingSheets.size(); }
+    bool hasWaitingSheet(const Sheet &sheet) const { return m_waitingSheets.contains(sheet); }
 
     // --- editing commands ----------------------------------------------------------------
     void addSubtitle();
@@ -280,6 +284,11 @@ public:
     // Whether the table's filter accepts the cue.
     bool searchPredicateAccepts(const VHSubtitle &cue) const;
     void replaceAll(const QString &search, const QString &replacement);
+    // Whether the window shows the replace field (observable key "showReplace").
+    bool showReplace() const { return m_showReplace; }
+    void setShowReplace(bool show);
+    // The one-time notices (the disclaimer, the Tap2Sync explanation) show again.
+    void resetMessages();
     void silentGotoNextSubtitle();
     void silentGotoPreviousSubtitle();
 
@@ -434,6 +443,7 @@ private:
     QString m_foldedSearch;
     bool m_searchIsAscii = true;
     bool m_searchCaseSensitive = false;
+    bool m_showReplace = false;
     LanguageList m_languages;
     qsizetype m_selectedLanguageIndex = -1;
     QList<Sheet> m_waitingSheets;
@@ -443,6 +453,7 @@ private:
     double m_fps = 0;
     double m_movieDuration = 0;
     int m_movieKind = 0;
+    int m_firstPlayerKind = 1; // the player the open movie was tried with first
     int m_embeddingState = 0;
     int m_extractableSubtitles = 0;
     bool m_extractableChapters = false;

@@ -55,6 +55,19 @@ void CTWindowController::setSearchCaseSensitive(bool caseSensitive)
     updateSearchPredicate(selected);
 }
 
+void CTWindowController::setShowReplace(bool show)
+{
+    willChangeValueForKey(u"showReplace"_s);
+    m_showReplace = show;
+    didChangeValueForKey(u"showReplace"_s);
+}
+
+void CTWindowController::resetMessages()
+{
+    Settings::shared().remove(u"ShownDisclaimer"_s);
+    Settings::shared().remove(u"ShownTap2Sync"_s);
+}
+
 void CTWindowController::updateSearchPredicate(const SubtitleList &selected)
 {
     // Selected rows are rows of the listed cues. The selection keeps its cues (`selected`, read

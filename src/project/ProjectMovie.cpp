@@ -16,7 +16,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr double DefaultAspectRatio = 16.0 / 9.0;
+
+// The player that tries a movie first ("PreferredPlayer": 2 libVLC, else libmpv); the other
+// one is the fallback. Read when a movie opens, so a change counts from the next movie on.
+int firstPlayerKind()
+{
+    return Settings::shared().integerValue(u"PreferredPlayer"_s) == 2 ? 2 : 1;
 }
+} // namespace
 
 QStringList CTWindowController::movieExtensions()
 {
@@ -63,7 +70,8 @@ void CTWindowController::setMoviePath(const QString &path)
         }
         if (m_view)
             m_view->setPlayerViewVisible(true);
-        prepareMovieController(1);
+        m_firstPlayerKind = firstPlayerKind();
+        prepareMovieController(m_firstPlayerKind);
         if (!m_player || !m_player->loadMovieURL(path))
             movieFaildLoading();
         return;
@@ -124,8 +132,8 @@ void CTWindowController::movieFaildLoading()
         if (!why.isEmpty())
             m_movieLoadErrors << why;
     }
-    if (!m_moviePath.isEmpty() && m_movieKind != 2) {
-        prepareMovieController(2);
+    if (const int fallback = m_firstPlayerKind == 2 ? 1 : 2; !m_moviePath.isEmpty() && m_movieKind != fallback) {
+        prepareMovieController(fallback);
         if (m_player && m_player->loadMovieURL(m_moviePath))
             return; // the fallback player reports back
     }
