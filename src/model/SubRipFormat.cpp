@@ -7,13 +7,29 @@
 
 using namespace Qt::StringLiterals;
 
-std::optional<SubtitleList> VHSubtitle::subtitlesFromSubRipString(const QString &text)
+namespace {
+const SubRipDialect &subRipDialect()
 {
     static const SubRipDialect dialect{u",", u".", false,
                                        [](const QString &string, double start, double end, bool forced) {
                                            return std::make_shared<VHSubtitle>(string, start, end, forced);
                                        }};
-    return readSubRipText(text, dialect);
+    return dialect;
+}
+} // namespace
+
+std::optional<SubtitleList> VHSubtitle::subtitlesFromSubRipString(const QString &text)
+{
+    return readSubRipText(text, subRipDialect());
+}
+
+TolerantRead readSubRipTolerantly(const QString &text)
+{
+    TolerantRead read;
+    read.cues = readSubRipText(text, subRipDialect(), &read.skipped).value_or(SubtitleList());
+    if (read.skipped.isEmpty())
+        read.reason = QString::fromLatin1(QT_TRANSLATE_NOOP("SubtitleSalvage", "found no cue"));
+    return read;
 }
 
 QString VHSubtitle::subRipText(const SubtitleList &subtitles, bool useWindowsLineBreak)

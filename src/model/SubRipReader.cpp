@@ -42,8 +42,10 @@ QString formatted(double seconds)
 }
 } // namespace
 
-std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect)
+std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect,
+                                           QList<SkippedLine> *skipped)
 {
+    const bool quiet = skipped != nullptr;
     // Lines are taken one at a time from the text rather than split into a list first:
     // same lines, without a second copy of the file's structure in memory.
     const QStringView all(text);
@@ -66,7 +68,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
             pendingText.append(u'\n');
             pendingText.append(line);
             ++extraLines;
-            if (extraLines >= 5)
+            if (extraLines >= 5 && !quiet)
                 logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
         }
     };
@@ -74,7 +76,7 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
     auto numberLine = [&](qint64 number) {
         // Printed unsigned, as this warning has always shown its numbers: a negative cue
         // number appears as its 64-bit two's complement.
-        if (lastNumber == LLONG_MAX || number != lastNumber + 1)
+        if ((lastNumber == LLONG_MAX || number != lastNumber + 1) && !quiet)
             logLine(
                 u"Parsing Warning: Line %1 followed line %2"_s.arg(quint64(number)).arg(quint64(lastNumber)));
         lastNumber = number;
@@ -108,10 +110,10 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 TimeText::parse(startText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
             const double end =
                 TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
-            if (start < pendingEnd)
+            if (start < pendingEnd && !quiet)
                 logLine(u"Parsing Warning: Line '%1' starts %2 before last end %3"_s.arg(
                     logExcerpt(line), formatted(start), formatted(pendingEnd)));
-            if (end < start)
+            if (end < start && !quiet)
                 logLine(u"Parsing Warning: Line '%1' ends %2 before it starts %3"_s.arg(
                     logExcerpt(line), formatted(end), formatted(start)));
             if (hasPending)
@@ -135,6 +137,12 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
         if (value < 1 && state != Start) {
             if (state == BlankInCue) {
                 appendText(line);
+                continue;
+            }
+            if (skipped) {
+                // The state stays: the text lines of a cue whose time line was lost cannot be
+                // placed either, and go with it, up to the next blank line and number.
+                skipped->append({index + 1, line.toString()});
                 continue;
             }
             logLine(u"Warning: Parsing SRT fails in line (%1) '%2'"_s.arg(index + 1).arg(logExcerpt(line)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SubtitleSalvage.h"
 #include "VHSubtitle.h"
 
 #include <QStringView>
@@ -18,7 +19,12 @@ struct SubRipDialect
     std::function<SubtitlePtr(const QString &text, double start, double end, bool forced)> makeCue;
 };
 
-std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect);
+// Reads the cues of a text, or none when it holds none or has a line that cannot be placed.
+// With `skipped` given, the pass is tolerant and quiet: a line that cannot be placed is
+// recorded there and left out, and reading goes on; the reader's warnings are not logged
+// (the strict pass before it already said them up to where it stopped).
+std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect,
+                                           QList<SkippedLine> *skipped = nullptr);
 
 // Encodes a finished file text (encoding 0 means UTF-8, no byte-order mark) and writes it
 // atomically; on failure logs "Warning: Could not save file, because: ..." and returns false
