@@ -156,10 +156,10 @@ bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVT
         printError(u"'%1' is a folder; give the path of the file to write"_s.arg(path));
         return false;
     }
-    const QString text = webVTT ? VHVideoText::webVTTText(cues, windowsLineBreaks)
-                                : VHSubtitle::subRipText(cues, windowsLineBreaks);
     QString reason;
-    const bool written = writeSubtitleText(text, path, encoding, &reason);
+    const bool written =
+        webVTT ? writeSubtitleText(VHVideoText::webVTTText(cues, windowsLineBreaks), path, encoding, &reason)
+               : writeSubRipFile(cues, path, encoding, windowsLineBreaks, &reason);
     if (!written)
         printError(u"Could not write '%1': %2"_s.arg(path, reason));
     return written;

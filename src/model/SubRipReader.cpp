@@ -3,6 +3,9 @@
 #include "Log.h"
 #include "TimeText.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
 #include <climits>
 
 using namespace Qt::StringLiterals;
@@ -53,24 +56,35 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
     SubtitleList result;
 
     int state = Start;
-    QString pendingText;
+    // The pending text is kept as its lines, views into `text`, and made into one string of
+    // exactly its size when its cue is finished: growing a string line by line cost two
+    // allocations per cue and left every cue holding spare capacity.
+    QVarLengthArray<QStringView, 8> pendingLines;
     bool hasPending = false; // pending text is "none" until the first time line
     double pendingStart = 0, pendingEnd = 0;
     bool pendingForced = false;
-    qsizetype extraLines = 0;
     qint64 lastNumber = 0;
 
     auto appendText = [&](QStringView line) {
-        if (pendingText.isEmpty()) {
-            pendingText = line.toString();
-            extraLines = 0;
-        } else {
-            pendingText.append(u'\n');
-            pendingText.append(line);
-            ++extraLines;
-            if (extraLines >= 5 && !quiet)
-                logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
+        pendingLines.append(line);
+        // Lines after the first are extra lines; the warning comes from the fifth on.
+        if (pendingLines.size() > 5 && !quiet)
+            logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
+    };
+    auto pendingText = [&]() {
+        if (pendingLines.isEmpty())
+            return QString();
+        qsizetype size = pendingLines.size() - 1;
+        for (const QStringView line : pendingLines)
+            size += line.size();
+        QString joined(size, Qt::Uninitialized);
+        QChar *out = joined.data();
+        for (qsizetype i = 0; i < pendingLines.size(); ++i) {
+            if (i > 0)
+                *out++ = u'\n';
+            out = std::copy(pendingLines[i].begin(), pendingLines[i].end(), out);
         }
+        return joined;
     };
 
     auto numberLine = [&](qint64 number) {
@@ -117,9 +131,9 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 logLine(u"Parsing Warning: Line '%1' ends %2 before it starts %3"_s.arg(
                     logExcerpt(line), formatted(end), formatted(start)));
             if (hasPending)
-                result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, pendingForced));
+                result.append(dialect.makeCue(pendingText(), pendingStart, pendingEnd, pendingForced));
             hasPending = true;
-            pendingText.clear();
+            pendingLines.clear();
             pendingStart = start;
             pendingEnd = end;
             pendingForced = forced;
@@ -151,8 +165,8 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
         numberLine(value);
     }
 
-    if (!pendingText.isEmpty())
-        result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, false));
+    if (!pendingLines.isEmpty())
+        result.append(dialect.makeCue(pendingText(), pendingStart, pendingEnd, false));
     if (result.isEmpty())
         return std::nullopt;
     return result;

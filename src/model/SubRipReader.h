@@ -32,5 +32,14 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
 bool writeSubtitleText(const QString &text, const QString &path, EncodingId encoding,
                        QString *error = nullptr);
 
+// The SubRip file of `subtitles` in UTF-8, as bytes: the bytes subRipText() encodes to,
+// built without the text. None when a cue's text cannot be encoded (a lone surrogate).
+std::optional<QByteArray> subRipUtf8(const SubtitleList &subtitles, bool useWindowsLineBreak);
+
+// Writes the SubRip file of `subtitles` as VHSubtitle::writeSubtitles() does, with the reason
+// of a failure in `error` (if given).
+bool writeSubRipFile(const SubtitleList &subtitles, const QString &path, EncodingId encoding,
+                     bool useWindowsLineBreak, QString *error = nullptr);
+
 // Splits at line feeds, or at carriage returns when there is no line feed at all.
 QList<QStringView> splitSubtitleLines(const QString &text);
