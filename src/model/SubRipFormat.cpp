@@ -61,6 +61,16 @@ namespace {
 // does for texts.
 char *putPadded(char *out, qint64 value, int width)
 {
+    // The fields of a time: two or three digits, written straight into place.
+    if (value >= 0 && value < 1000 && width >= 1 && width <= 3) {
+        const int count = std::max(width, value >= 100 ? 3 : value >= 10 ? 2 : 1);
+        unsigned rest = unsigned(value);
+        for (int i = count - 1; i >= 0; --i) {
+            out[i] = char('0' + rest % 10);
+            rest /= 10;
+        }
+        return out + count;
+    }
     char digits[24];
     int count = 0;
     quint64 magnitude = value < 0 ? 0ull - quint64(value) : quint64(value);
