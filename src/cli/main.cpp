@@ -34,11 +34,13 @@ int runExtractHere(const QStringList &args)
 char **s_argv = nullptr;
 
 // Replaces this process with captora-cli-media, given the same arguments: beside this
-// program (the build tree, or a folder copied whole), else in the installed helper folder.
+// program (the build tree), else in the helper folder of the installation this program is
+// in, else in the one it was built for.
 // Returns only when it could not be started.
 int runInMediaHelper(const QStringList &)
 {
-    const QStringList folders{QCoreApplication::applicationDirPath(),
+    const QString here = QCoreApplication::applicationDirPath();
+    const QStringList folders{here, here + QStringLiteral("/" CAPTORA_MEDIA_HELPER_RELATIVE),
                               QStringLiteral(CAPTORA_MEDIA_HELPER_DIRS)};
     for (const QString &folder : folders) {
         const QByteArray helper = encodeFileName(folder + u"/captora-cli-media"_s);
