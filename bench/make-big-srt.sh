@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Writes a SubRip file of N cues (default 100,000) with one- and two-line texts to stdout.
+# Writes a SubRip file of N cues (default 100,000) to stdout: every cue has two text lines,
+# every 50th is forced. 100,000 cues make about 9.5 MB.
 set -euo pipefail
 n="${1:-100000}"
 awk -v n="$n" 'function t(x,   h, m, s, ms) {
@@ -10,7 +11,6 @@ awk -v n="$n" 'function t(x,   h, m, s, ms) {
         for (i = 1; i <= n; i++) {
             start = i * 2500; end = start + 1800 + (i % 7) * 100
             printf "%d\n%s --> %s%s\n", i, t(start), t(end), (i % 50 == 0 ? " !!!" : "")
-            if (i % 3 == 0) printf "Line %d of the film, with \"quotes\" and Ümlauts\nand a second line\n\n", i
-            else printf "Line %d of the film, short\n\n", i
+            printf "Line %d of the film, \"quoted\", Ümlaut\nand its line two\n\n", i
         }
     }'

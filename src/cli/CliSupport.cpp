@@ -80,6 +80,8 @@ void addReadOptions(QCommandLineParser &parser)
         {u"encoding"_s, u"Text encoding number to read with (see 'captora-cli encodings')."_s, u"N"_s});
     parser.addOption({u"strict-encoding"_s, u"Read in --encoding only; no detection."_s});
     parser.addOption({u"chapters"_s, u"Read the file as chapter marks."_s});
+    parser.addOption({u"salvage"_s, u"When no format accepts the file, read the cues that can be placed "
+                                    u"and warn about each line left out."_s});
 }
 
 QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
@@ -107,6 +109,9 @@ QString takeReadOptions(const QCommandLineParser &parser, ReadOptions *options)
     if (options->strictEncoding && !parser.isSet(u"encoding"_s))
         return u"--strict-encoding needs --encoding."_s;
     options->chapters = parser.isSet(u"chapters"_s);
+    options->salvage = parser.isSet(u"salvage"_s);
+    if (options->salvage && options->chapters)
+        return u"--salvage reads subtitle files, not --chapters."_s;
     return {};
 }
 
@@ -130,8 +135,9 @@ std::optional<SubtitleList> readSubtitleFile(const QString &path, const ReadOpti
     std::optional<SubtitleList> cues =
         options.chapters
             ? VHVideoText::videoTextsFromFileAtURL(path, options.length, options.encoding, optional)
-            : VHSubtitle::subtitlesFromFileAtURL(path, options.fps, options.length, options.encoding,
-                                                 optional);
+            : VHSubtitle::subtitlesFromFileAtURL(
+                  path, options.fps, options.length, options.encoding, optional,
+                  options.salvage ? VHSubtitle::Salvage::Always : VHSubtitle::Salvage::Never);
     if (!cues) {
         // Read with a limit of 0 bytes, only an empty file gives bytes (none).
         RegularFile::Failure unused;
@@ -150,10 +156,10 @@ bool writeSubtitleFile(const SubtitleList &cues, const QString &path, bool webVT
         printError(u"'%1' is a folder; give the path of the file to write"_s.arg(path));
         return false;
     }
-    const QString text = webVTT ? VHVideoText::webVTTText(cues, windowsLineBreaks)
-                                : VHSubtitle::subRipText(cues, windowsLineBreaks);
     QString reason;
-    const bool written = writeSubtitleText(text, path, encoding, &reason);
+    const bool written =
+        webVTT ? writeSubtitleText(VHVideoText::webVTTText(cues, windowsLineBreaks), path, encoding, &reason)
+               : writeSubRipFile(cues, path, encoding, windowsLineBreaks, &reason);
     if (!written)
         printError(u"Could not write '%1': %2"_s.arg(path, reason));
     return written;

@@ -31,7 +31,7 @@ int parseArguments(QCommandLineParser &parser, const QStringList &args, const QS
                    const QString &positionals);
 
 // Options every reading subcommand shares: --fps, --length, --encoding, --strict-encoding,
-// --chapters.
+// --chapters, --salvage.
 struct ReadOptions
 {
     double fps = 0;
@@ -39,6 +39,7 @@ struct ReadOptions
     EncodingId encoding = Encodings::None;
     bool strictEncoding = false; // read in --encoding only, no detection
     bool chapters = false;       // the file holds chapter marks
+    bool salvage = false;        // a file no reader accepts: take what a tolerant pass reads
 };
 void addReadOptions(QCommandLineParser &parser);
 // Fills `options`; returns an empty string or the usage problem.

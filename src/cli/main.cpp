@@ -8,11 +8,60 @@
 #include <QCoreApplication>
 #include <QLoggingCategory>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <malloc.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+#ifdef CAPTORA_CLI_MEDIA
+int runTracksHere(const QStringList &args)
+{
+    return runTracks(args);
+}
+int runEmbedHere(const QStringList &args)
+{
+    return runEmbed(args);
+}
+int runExtractHere(const QStringList &args)
+{
+    return runExtract(args);
+}
+#else
+char **s_argv = nullptr;
+
+// Replaces this process with captora-cli-media, given the same arguments: beside this
+// program (the build tree), else in the helper folder of the installation this program is
+// in, else in the one it was built for.
+// Returns only when it could not be started.
+int runInMediaHelper(const QStringList &)
+{
+    const QString here = QCoreApplication::applicationDirPath();
+    const QStringList folders{here, here + QStringLiteral("/" CAPTORA_MEDIA_HELPER_RELATIVE),
+                              QStringLiteral(CAPTORA_MEDIA_HELPER_DIRS)};
+    for (const QString &folder : folders) {
+        const QByteArray helper = encodeFileName(folder + u"/captora-cli-media"_s);
+        if (::access(helper.constData(), X_OK) == 0) {
+            ::execv(helper.constData(), s_argv);
+            std::fprintf(stderr, "Error: Could not start '%s': %s\n", helper.constData(),
+                         std::strerror(errno));
+            return ExitFailure;
+        }
+    }
+    std::fprintf(stderr,
+                 "Error: The movie commands need captora-cli-media, which was not found beside "
+                 "captora-cli or in %s\n",
+                 CAPTORA_MEDIA_HELPER_DIRS);
+    return ExitFailure;
+}
+const auto runTracksHere = runInMediaHelper;
+const auto runEmbedHere = runInMediaHelper;
+const auto runExtractHere = runInMediaHelper;
+#endif
+
 struct Command
 {
     const char *name;
@@ -34,9 +83,10 @@ const Command kCommands[] = {
     {"detect-encoding",
      "detect-encoding FILE\n                     Find the text encoding of a file by the language rules.",
      runDetectEncoding},
-    {"tracks", "tracks MOVIE       Print the candidate text tracks of embedding as JSON.", runTracks},
-    {"embed", "embed MOVIE        Embed subtitle and chapter files into '<name>-Output.m4v'.", runEmbed},
-    {"extract", "extract MOVIE      Write the movie's subtitle (and chapter) tracks into files.", runExtract},
+    {"tracks", "tracks MOVIE       Print the candidate text tracks of embedding as JSON.", runTracksHere},
+    {"embed", "embed MOVIE        Embed subtitle and chapter files into '<name>-Output.m4v'.", runEmbedHere},
+    {"extract", "extract MOVIE      Write the movie's subtitle (and chapter) tracks into files.",
+     runExtractHere},
 };
 
 void printUsage(FILE *to)
@@ -53,6 +103,16 @@ void printUsage(FILE *to)
 
 int main(int argc, char *argv[])
 {
+#ifndef CAPTORA_CLI_MEDIA
+    s_argv = argv;
+#endif
+    // A command holds a few large buffers one after the other (the file's bytes, its text,
+    // the cues, the bytes written). By default glibc maps each large buffer on its own and
+    // unmaps it when freed, so every one of them is faulted in page by page afresh: on a
+    // 10 MB subtitle file that kernel work was a third of the run. Kept in the heap and not
+    // trimmed, freed buffers are reused by the next ones; the process is short-lived.
+    mallopt(M_MMAP_THRESHOLD, 64 << 20);
+    mallopt(M_TRIM_THRESHOLD, 256 << 20);
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(u"captora-cli"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CAPTORA_VERSION));

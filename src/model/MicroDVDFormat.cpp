@@ -1,6 +1,7 @@
 #include "VHSubtitle.h"
 
 #include "Log.h"
+#include "SubtitleSalvage.h"
 #include "TimeText.h"
 
 using namespace Qt::StringLiterals;
@@ -36,23 +37,28 @@ struct BracePair
 };
 } // namespace
 
-std::optional<SubtitleList> VHSubtitle::subtitlesFromMicroDVDString(const QString &text, double fps)
+namespace {
+// Reads "{start}{end}text" lines. The strict pass (no `skipped`) logs the first malformed line
+// and stops there; the tolerant pass records every malformed line and reads on.
+SubtitleList readMicroDVD(const QString &text, double fps, QList<SkippedLine> *skipped)
 {
     const double frameLength = 1 / fps;
     SubtitleList result;
+    qsizetype number = 0;
     for (const QStringView rawLine : QStringView(text).tokenize(u'\n')) {
+        ++number;
         const QStringView line = rawLine.trimmed();
         if (line.isEmpty())
             continue;
         const BracePair first(line);
-        if (!first.usable()) {
-            first.logFailure(line);
-            break;
-        }
-        const QStringView rest = line.sliced(first.close + 1);
+        const QStringView rest = first.usable() ? line.sliced(first.close + 1) : QStringView();
         const BracePair second(rest);
-        if (!second.usable()) {
-            second.logFailure(line);
+        if (!first.usable() || !second.usable()) {
+            if (skipped) {
+                skipped->append({number, line.toString()});
+                continue;
+            }
+            (first.usable() ? second : first).logFailure(line);
             break;
         }
         QString string = rest.sliced(second.close + 1).toString();
@@ -64,7 +70,21 @@ std::optional<SubtitleList> VHSubtitle::subtitlesFromMicroDVDString(const QStrin
         cue->setString(string);
         result.append(std::move(cue));
     }
+    return result;
+}
+} // namespace
+
+std::optional<SubtitleList> VHSubtitle::subtitlesFromMicroDVDString(const QString &text, double fps)
+{
+    SubtitleList result = readMicroDVD(text, fps, nullptr);
     if (result.isEmpty())
         return std::nullopt;
     return result;
+}
+
+TolerantRead readMicroDVDTolerantly(const QString &text, double fps)
+{
+    TolerantRead read;
+    read.cues = readMicroDVD(text, fps, &read.skipped);
+    return read;
 }

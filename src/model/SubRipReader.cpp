@@ -3,6 +3,9 @@
 #include "Log.h"
 #include "TimeText.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
 #include <climits>
 
 using namespace Qt::StringLiterals;
@@ -42,8 +45,10 @@ QString formatted(double seconds)
 }
 } // namespace
 
-std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect)
+std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDialect &dialect,
+                                           QList<SkippedLine> *skipped)
 {
+    const bool quiet = skipped != nullptr;
     // Lines are taken one at a time from the text rather than split into a list first:
     // same lines, without a second copy of the file's structure in memory.
     const QStringView all(text);
@@ -51,30 +56,41 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
     SubtitleList result;
 
     int state = Start;
-    QString pendingText;
+    // The pending text is kept as its lines, views into `text`, and made into one string of
+    // exactly its size when its cue is finished: growing a string line by line cost two
+    // allocations per cue and left every cue holding spare capacity.
+    QVarLengthArray<QStringView, 8> pendingLines;
     bool hasPending = false; // pending text is "none" until the first time line
     double pendingStart = 0, pendingEnd = 0;
     bool pendingForced = false;
-    qsizetype extraLines = 0;
     qint64 lastNumber = 0;
 
     auto appendText = [&](QStringView line) {
-        if (pendingText.isEmpty()) {
-            pendingText = line.toString();
-            extraLines = 0;
-        } else {
-            pendingText.append(u'\n');
-            pendingText.append(line);
-            ++extraLines;
-            if (extraLines >= 5)
-                logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
+        pendingLines.append(line);
+        // Lines after the first are extra lines; the warning comes from the fifth on.
+        if (pendingLines.size() > 5 && !quiet)
+            logLine(u"Parsing Warning: More then 4 Lines in one subtitle (%1)"_s.arg(logExcerpt(line)));
+    };
+    auto pendingText = [&]() {
+        if (pendingLines.isEmpty())
+            return QString();
+        qsizetype size = pendingLines.size() - 1;
+        for (const QStringView line : pendingLines)
+            size += line.size();
+        QString joined(size, Qt::Uninitialized);
+        QChar *out = joined.data();
+        for (qsizetype i = 0; i < pendingLines.size(); ++i) {
+            if (i > 0)
+                *out++ = u'\n';
+            out = std::copy(pendingLines[i].begin(), pendingLines[i].end(), out);
         }
+        return joined;
     };
 
     auto numberLine = [&](qint64 number) {
         // Printed unsigned, as this warning has always shown its numbers: a negative cue
         // number appears as its 64-bit two's complement.
-        if (lastNumber == LLONG_MAX || number != lastNumber + 1)
+        if ((lastNumber == LLONG_MAX || number != lastNumber + 1) && !quiet)
             logLine(
                 u"Parsing Warning: Line %1 followed line %2"_s.arg(quint64(number)).arg(quint64(lastNumber)));
         lastNumber = number;
@@ -108,16 +124,16 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 TimeText::parse(startText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
             const double end =
                 TimeText::parse(endText, dialect.decimalSymbol, dialect.alternateDecimalSymbol);
-            if (start < pendingEnd)
+            if (start < pendingEnd && !quiet)
                 logLine(u"Parsing Warning: Line '%1' starts %2 before last end %3"_s.arg(
                     logExcerpt(line), formatted(start), formatted(pendingEnd)));
-            if (end < start)
+            if (end < start && !quiet)
                 logLine(u"Parsing Warning: Line '%1' ends %2 before it starts %3"_s.arg(
                     logExcerpt(line), formatted(end), formatted(start)));
             if (hasPending)
-                result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, pendingForced));
+                result.append(dialect.makeCue(pendingText(), pendingStart, pendingEnd, pendingForced));
             hasPending = true;
-            pendingText.clear();
+            pendingLines.clear();
             pendingStart = start;
             pendingEnd = end;
             pendingForced = forced;
@@ -137,14 +153,20 @@ std::optional<SubtitleList> readSubRipText(const QString &text, const SubRipDial
                 appendText(line);
                 continue;
             }
+            if (skipped) {
+                // The state stays: the text lines of a cue whose time line was lost cannot be
+                // placed either, and go with it, up to the next blank line and number.
+                skipped->append({index + 1, line.toString()});
+                continue;
+            }
             logLine(u"Warning: Parsing SRT fails in line (%1) '%2'"_s.arg(index + 1).arg(logExcerpt(line)));
             return std::nullopt;
         }
         numberLine(value);
     }
 
-    if (!pendingText.isEmpty())
-        result.append(dialect.makeCue(pendingText, pendingStart, pendingEnd, false));
+    if (!pendingLines.isEmpty())
+        result.append(dialect.makeCue(pendingText(), pendingStart, pendingEnd, false));
     if (result.isEmpty())
         return std::nullopt;
     return result;

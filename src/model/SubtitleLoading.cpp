@@ -4,6 +4,7 @@
 #include "Prompter.h"
 #include "RegularFile.h"
 #include "Settings.h"
+#include "SubtitleSalvage.h"
 #include "VHEncoding.h"
 #include "VHEncodingChooser.h"
 
@@ -112,6 +113,41 @@ std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, 
 std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                                EncodingId encoding, bool encodingIsOptional)
 {
+    return subtitlesFromFileAtURL(path, fps, length, encoding, encodingIsOptional, Salvage::Never);
+}
+
+namespace {
+// The cues a tolerant pass reads from a text no reader accepts, when the user (or the
+// caller, with Salvage::Always) takes them; each line left out is logged.
+std::optional<SubtitleList> salvage(const QString &path, const QString &text, double fps,
+                                    VHSubtitle::Salvage mode)
+{
+    std::optional<SalvagedSubtitles> salvaged = salvageSubtitles(text, fps);
+    if (!salvaged)
+        return std::nullopt;
+    if (mode == VHSubtitle::Salvage::Ask && Prompter::shared().ask(salvagePrompt(*salvaged)).button != 0)
+        return std::nullopt;
+    for (const ReaderStop &stop : salvaged->stops) {
+        if (stop.line > 0)
+            logLine(u"Info: %1 stopped at line %2 '%3'"_s.arg(stop.reader, QString::number(stop.line),
+                                                              logExcerpt(stop.lineText)));
+    }
+    for (const SkippedLine &line : salvaged->skipped)
+        logLine(
+            u"Warning: Skipped line (%1) '%2'"_s.arg(QString::number(line.number), logExcerpt(line.text)));
+    logLine(u"Info: Read %1 cues of '%2' as %3, leaving out %4 lines"_s.arg(
+        QString::number(salvaged->cues.size()), path, salvaged->reader,
+        QString::number(salvaged->skipped.size())));
+    return std::move(salvaged->cues);
+}
+} // namespace
+
+std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &path, double fps, double length,
+                                                               EncodingId encoding, bool encodingIsOptional,
+                                                               Salvage salvageMode, bool *salvaged)
+{
+    if (salvaged)
+        *salvaged = false;
     const std::optional<QString> text = stringWithContentsOfURL(path, encoding, encodingIsOptional);
     if (!text)
         return std::nullopt;
@@ -128,6 +164,11 @@ std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &pa
         cues = subtitlesFromSubStationAlphaString(*text);
     if (!cues && QFileInfo(path).suffix().toLower() == u"txt")
         cues = subtitlesFromText(*text, length);
+    if (!cues && salvageMode != Salvage::Never) {
+        cues = salvage(path, *text, fps == 0 ? 25 : fps, salvageMode);
+        if (cues && salvaged)
+            *salvaged = true;
+    }
     if (!cues)
         return std::nullopt;
     correctSubtitles(*cues);

@@ -138,9 +138,21 @@ public:
     // each other every 4 seconds when the length is not positive.
     static std::optional<SubtitleList> subtitlesFromText(const QString &text, double length);
 
+    // What loading does with a text that no reader accepts.
+    enum class Salvage {
+        Never,  // loads nothing, as the reading rules say
+        Ask,    // asks the prompter whether to load what a tolerant pass reads (SubtitleSalvage.h)
+        Always, // loads what a tolerant pass reads, logging each line it leaves out
+    };
+
     // Loading a subtitle file of any supported format; see SubtitleLoading.cpp.
     static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                               EncodingId encoding, bool encodingIsOptional);
+    // The same, and with salvage allowed, a file no reader accepts may still give cues; then
+    // `salvaged` (when given) is set, and the file should be saved again to be clean.
+    static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps, double length,
+                                                              EncodingId encoding, bool encodingIsOptional,
+                                                              Salvage salvage, bool *salvaged = nullptr);
     static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps = 0,
                                                               double length = 0);
     static std::optional<QString> stringWithContentsOfURL(const QString &path, EncodingId encoding,

@@ -78,14 +78,15 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     m_isChaptermark = chapterMark;
 
     bool loaded = false;
+    bool salvaged = false; // a file no reader accepts, read tolerantly: saving makes it clean
     if (!path.isEmpty() && pathExists(path)) {
         const auto encoding =
             Encodings::canonical(EncodingId(Settings::shared().integerValue(u"Encoding"_s)));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
-            chapterMark
-                ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
-                : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional);
+            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
+                        : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional,
+                                                             VHSubtitle::Salvage::Ask, &salvaged);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(defaultFixMode());
         if (!m_subtitles.isEmpty()) {
@@ -113,7 +114,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         }
     }
 
-    setHasChanged(target != path && !path.isEmpty() && !m_subtitles.isEmpty());
+    setHasChanged((target != path || salvaged) && !path.isEmpty() && !m_subtitles.isEmpty());
     // The undo history of the file: kept from an earlier visit when the file is as it was
     // then saved or loaded.
     m_editor->adoptHistory(target);

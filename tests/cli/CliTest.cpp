@@ -77,6 +77,39 @@ TEST(CliDump, PrintsEveryCueAsJsonWithShortestRoundTripNumbers)
     EXPECT_TRUE(run.out.contains("\"start\": 3.1, \"end\": 4,")) << run.out.toStdString();
 }
 
+TEST(CliDump, SalvageReadsWhatCanBePlacedAndWarnsOfEverySkippedLine)
+{
+    TempDir dir;
+    const QString broken = dir.write(u"broken.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nOne\n\n"
+                                                      "2\n00:00:03,000 - > 00:00:04,000\nTwo\n\n"
+                                                      "3\n00:00:05,000 --> 00:00:06,000\nThree\n");
+    const CliRun refused = cli({u"dump"_s, broken});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_TRUE(refused.out.isEmpty());
+    EXPECT_EQ(refused.errorLines(), 1);
+
+    const CliRun run = cli({u"dump"_s, u"--salvage"_s, broken});
+    EXPECT_EQ(run.status, 0) << run.err.toStdString();
+    const QJsonArray cues = QJsonDocument::fromJson(run.out).array();
+    ASSERT_EQ(cues.size(), 2);
+    EXPECT_EQ(cues[1][u"text"_s].toString(), u"Three"_s);
+    const QStringList err = QString::fromUtf8(run.err).split(u'\n', Qt::SkipEmptyParts);
+    EXPECT_EQ(err, (QStringList{u"Warning: Parsing SRT fails in line (6) '00:00:03,000 - > 00:00:04,000'"_s,
+                                u"Warning: Parsing fails, in line 1 (9223372036854775807, 9223372036854775807)"_s,
+                                u"Info: SubRip stopped at line 6 '00:00:03,000 - > 00:00:04,000'"_s,
+                                u"Info: MicroDVD stopped at line 1 '1'"_s,
+                                u"Warning: Skipped line (6) '00:00:03,000 - > 00:00:04,000'"_s,
+                                u"Warning: Skipped line (7) 'Two'"_s,
+                                u"Info: Read 2 cues of '%1' as SubRip, leaving out 2 lines"_s.arg(broken)}));
+
+    // convert takes the same option and writes a clean file; the input stays as it was.
+    const QString out = dir.path(u"clean.srt"_s);
+    EXPECT_EQ(cli({u"convert"_s, u"--salvage"_s, broken, out}).status, 0);
+    EXPECT_EQ(dir.read(u"clean.srt"_s), "1\n00:00:01,000 --> 00:00:02,000\nOne\n\n"
+                                        "2\n00:00:05,000 --> 00:00:06,000\nThree\n\n");
+    EXPECT_EQ(cli({u"dump"_s, u"--salvage"_s, u"--chapters"_s, broken}).status, 2);
+}
+
 TEST(CliUsage, MisuseExitsWithTwoAndHelpWithZero)
 {
     TempDir dir;

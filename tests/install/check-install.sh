@@ -45,6 +45,8 @@ check_layout() {
     for program in "${programs[@]}"; do
         [[ -x $prefix/bin/$program ]] || fail "bin/$program is not an installed program"
     done
+    # The movie commands' program, which captora-cli hands them to.
+    [[ -x $prefix/libexec/captora/captora-cli-media ]] || fail "libexec/captora/captora-cli-media is missing"
 
     # Resources: the same files as the source tree's resources folder.
     local data=$prefix/share/captora

@@ -1,5 +1,6 @@
 #include "Log.h"
 #include "TestSupport.h"
+#include "TextCodec.h"
 #include "VHSubtitle.h"
 
 #include <QDir>
@@ -85,4 +86,37 @@ TEST_F(SubRipWriter, WrittenTimesReadBackAsWrittenEvenAtAndBeyondTheirLimits)
     }
     ASSERT_TRUE(VHSubtitle::writeSubtitles(*read, target));
     EXPECT_EQ(written(), bytes);
+}
+
+// UTF-8 files are built as bytes without the text; they must be the bytes the text encodes
+// to, for every kind of time and text, and a text strict UTF-8 cannot hold must still be
+// refused with the reason instead of being written with a replacement character.
+TEST_F(SubRipWriter, UTF8BytesAreTheEncodedTextAndUnencodableTextsAreRefused)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const double inf = std::numeric_limits<double>::infinity();
+    SubtitleList varied = cues;
+    for (const auto &[from, to] : {std::pair{-0.0005, 1e-9}, {-3725.5, -1.0}, {59.9999999995, 3599.9995},
+                                   {360000.5, 9e15}, {nan, inf}, {-inf, 7.1}})
+        varied << VHSubtitle::create(u"x\r\n\n\ty"_s, from, to, varied.size() % 2);
+    varied << VHSubtitle::create(QString(), 1, 2) << VHSubtitle::create(u"\U0010FFFF\u00e9\u0000z"_s, 1, 2);
+    for (const bool windows : {false, true}) {
+        QByteArray expected;
+        ASSERT_TRUE(TextCodec::encode(VHSubtitle::subRipText(varied, windows), Encodings::UTF8, &expected));
+        ASSERT_TRUE(VHSubtitle::writeSubtitles(varied, target, 0, windows));
+        EXPECT_EQ(written(), expected);
+        ASSERT_TRUE(VHSubtitle::writeSubtitles(varied, target, Encodings::UTF8, windows));
+        EXPECT_EQ(written(), expected);
+    }
+
+    dir.write(u"movie.srt"_s, "old");
+    LogCapture log;
+    for (const QString &text : {u"lone \xD800 high"_s, u"lone low \xDC00"_s, u"high at the end \xD83D"_s}) {
+        EXPECT_FALSE(VHSubtitle::writeSubtitles({cues[0], VHSubtitle::create(text, 4, 5)}, target));
+        EXPECT_EQ(written(), "old");
+    }
+    EXPECT_EQ(log.count(u"Warning: Could not save file, because: The text has characters that the encoding "
+                        u"'UTF-8' cannot represent."_s),
+              3)
+        << log.lines().join(u'\n').toStdString();
 }

@@ -88,6 +88,48 @@ TEST_F(ProjectTest, UnparsableFileIsReportedAndStaysSelected)
     EXPECT_FALSE(project->hasChanged());
 }
 
+TEST_F(ProjectTest, AFileNoReaderAcceptsOffersTheLinesThatCanBeReadAndSavesThemClean)
+{
+    openMovie();
+    const QByteArray broken = fixtureBytes(u"model"_s, u"typo_in_time_line_900_lines.srt"_s);
+    const QString path = dir.write(u"Film.srt"_s, broken);
+
+    // Cancel: nothing loads, as for any file no reader accepts.
+    prompter.prompts.clear();
+    prompter.answers << PromptAnswer{1, 0, false};
+    project->setSubtitlePath(path);
+    ASSERT_EQ(prompter.prompts.size(), 2);
+    EXPECT_EQ(prompter.prompts[0].buttons,
+              (QStringList{u"Load the 224 lines that could be read"_s, u"Cancel"_s}));
+    EXPECT_TRUE(prompter.prompts[0].informative.startsWith(
+        u"SubRip stopped at line 412: “00:07:02,636 - > 00:07:04,792”\n"_s));
+    EXPECT_EQ(prompter.prompts[1].buttons, QStringList{u"OK"_s});
+    EXPECT_TRUE(project->subtitles().isEmpty());
+    EXPECT_FALSE(project->hasChanged());
+
+    // Load: the cues that could be read, marked changed although the file is the target.
+    prompter.prompts.clear();
+    prompter.answers << PromptAnswer{0, 0, false};
+    project->setSubtitlePath(path);
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    EXPECT_EQ(project->subtitlePath(), path);
+    ASSERT_EQ(project->subtitles().size(), 224);
+    EXPECT_EQ(project->subtitles()[102]->string(), u"Line 104 of the film"_s);
+    EXPECT_TRUE(project->hasChanged());
+    EXPECT_TRUE(view.edited);
+    EXPECT_EQ(dir.read(u"Film.srt"_s), broken); // nothing written before the user saves
+
+    project->saveSubtitle();
+    EXPECT_FALSE(project->hasChanged());
+    const QByteArray saved = dir.read(u"Film.srt"_s);
+    EXPECT_FALSE(saved.contains("- >"));
+    log.clear();
+    const auto again = VHSubtitle::subtitlesFromSubRipString(QString::fromUtf8(saved));
+    ASSERT_TRUE(again.has_value());
+    EXPECT_EQ(again->size(), 224);
+    EXPECT_TRUE(log.lines().isEmpty()) << log.lines().join(u'\n').toStdString();
+}
+
 TEST_F(ProjectTest, ChapterMarksLoadAndSaveAsWebVTT)
 {
     const QByteArray marks = fixtureBytes(u"project"_s, u"three_chapter_marks_900s.vtt"_s);
