@@ -2,6 +2,81 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>CTAppDelegate</name>
+    <message>
+        <source>The subtitles have changed since they were embedded into the movie.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Find and Replace</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preferences…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tasks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reset Messages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the disclaimer and the Tap2Sync explanation again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disclaimer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Studios can protect a Movie&apos;s/TV-show&apos;s dialog and translations with a copyright. For those movies/TV-shows creating or downloading a subtitle infringes copyright law.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Understood</source>
+        <translation type="unfinished">Entendido</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation type="unfinished">Salir</translation>
+    </message>
+    <message>
+        <source>Captora is still working.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop and Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Working</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CTFixButton</name>
     <message>
         <source>Shift</source>
@@ -360,6 +435,108 @@
         <comment>button: begin Tap2Sync</comment>
         <translation>Iniciar</translation>
     </message>
+    <message>
+        <source>Typing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Forced</source>
+        <translation type="unfinished">Forzado</translation>
+    </message>
+    <message>
+        <source>This change leaves the lines after it no room before the next anchor.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It was taken back. Choose an earlier time, or remove the anchor after it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation type="unfinished">Duración</translation>
+    </message>
+    <message>
+        <source>Recover unsaved changes to %1 from %2?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recover</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Changes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace All</source>
+        <translation type="unfinished">Reemplazar todo</translation>
+    </message>
+    <message>
+        <source>Add Line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete Line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete %n Lines</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Adjust Durations</source>
+        <translation type="unfinished">Ajustar duraciones</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <translation type="unfinished">Fijar</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation type="unfinished">Desplazar</translation>
+    </message>
+    <message>
+        <source>Fix Single Line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Time</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>CueListEditor</name>
+    <message>
+        <source>Change</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>CueTableModel</name>
@@ -379,6 +556,57 @@
         <source>Start</source>
         <comment>start time of a line</comment>
         <translation>Inicio</translation>
+    </message>
+</context>
+<context>
+    <name>EmbedOptionsDialog</name>
+    <message>
+        <source>Embedding Options</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Embed Subtitles into “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The ticked tracks go into a new movie, “%1”, with the movie&apos;s picture and sound. When it is complete it takes the movie&apos;s place, and the original movie is kept beside it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Embed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chapter Marks</source>
+        <translation type="unfinished">Marcas de capítulo</translation>
+    </message>
+    <message>
+        <source>There are no subtitle files beside the movie and no text tracks in it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Cancelar</translation>
+    </message>
+    <message>
+        <source>File beside the movie</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Track in the movie</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -404,13 +632,170 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
         <source>Extract Subtitles</source>
         <translation>Extraer los subtítulos</translation>
     </message>
+    <message numerus="yes">
+        <source>%n track(s) could not be read completely.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreferencesWindow</name>
     <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
+        <source> s</source>
+        <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Cerrar</translation>
+        <source>Preferences</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subtitle Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read files in:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“Automatic” recognises the encoding of each file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Same as for reading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export in:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The export window starts with this encoding
+and remembers what you choose there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Interface Language</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Language:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>List languages without their region</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A new interface language applies the next time Captora starts.
+The language also decides which subtitle file of a movie opens first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Timing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tap2Sync rewinds by:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tap2Sync reaction time:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A tap fixes the line at the playing time
+minus your reaction time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> characters per second</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading speed limit:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saving and Playing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Autosave every:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>libmpv, then libVLC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>libVLC, then libmpv</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Play movies with:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Subtitles can be embedded into and extracted from movies that libmpv plays.
+The player applies to the next movie you open.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ProgressWindow</name>
+    <message>
+        <source>Tasks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No tasks</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Cancelar</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the folder of the file this task wrote</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -661,6 +1046,133 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
         <comment>button: begin adjusting</comment>
         <translation>Iniciar</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RecentFilesMenu</name>
+    <message>
+        <source>Open Recent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SubtitleSalvage</name>
+    <message>
+        <source>found no cue</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>found no [Events] section</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>found no Start, End and Text in its Format line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>found no Format line under [Events]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>found no Dialogue line</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No reader accepts this subtitle file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 stopped at line %2: “%3”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Read as %1, leaving out %n line(s) it cannot place. Saving writes a clean file.</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Load the %n lines that could be read</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished">Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>Unzipper</name>
+    <message>
+        <source>“%1” was not unpacked: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The download is not a readable zip archive.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The archive was not unpacked: it has more than %1 files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The archive is damaged and was not unpacked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The archive was not unpacked: its files would take more than %1 MB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a file of that name was unpacked already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its data is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The archive could not be unpacked: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its name is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its name leads outside the folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is a symbolic link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is protected by a password, which Captora does not support</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>VHEncoding</name>
@@ -798,6 +1310,25 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
     </message>
 </context>
 <context>
+    <name>VHLanguagePopUpButton</name>
+    <message>
+        <source>Add more languages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Captora offers the languages your desktop prefers. Add languages in your desktop&apos;s region and language settings, or list them in the LANGUAGE environment variable (for example LANGUAGE=de:fr:en), and start Captora again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation type="unfinished">idioma desconocido</translation>
+    </message>
+    <message>
+        <source>Add more languages ...</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>VHMovieController</name>
     <message>
         <source>Track %1</source>
@@ -863,6 +1394,69 @@ Do you want to continue?</source>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>VHWebSearchController</name>
+    <message>
+        <source>Download Subtitles via Web Search</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Movie or series name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished">Cerrar</translation>
+    </message>
+    <message>
+        <source>Your Engines</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” is neither a subtitle file nor an archive; it was not downloaded.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded: there is no temporary folder for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading “%1”…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unpacked “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloaded “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The download of “%1” failed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save RAR Archive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RAR archives (*.rar)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The RAR archive “%1” was not saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The RAR archive could not be saved at “%1”: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved “%1”. Captora cannot unpack RAR archives: unpack it with an archive manager and open the subtitle file.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

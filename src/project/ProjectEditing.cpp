@@ -220,14 +220,10 @@ void CTWindowController::deleteSubtitle()
     const qsizetype first = m_selection.last() - m_selection.size() + 1;
     Q_ASSERT(selectionIsConsistent());
     const qsizetype count = m_selection.size();
-    EditScope edit(
-        *this,
-        count == 1
-            ? (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Chapter Mark"))
-                               : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete Line")))
-            : (m_isChaptermark ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete %1 Chapter Marks"))
-                               : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Delete %1 Lines")))
-                  .arg(count));
+    EditScope edit(*this, m_isChaptermark ? (count == 1 ? tr("Delete Chapter Mark")
+                                                        : tr("Delete %n Chapter Marks", nullptr, int(count)))
+                                          : (count == 1 ? tr("Delete Line")
+                                                        : tr("Delete %n Lines", nullptr, int(count))));
     const QList<qsizetype> doomed = cueSelection().rows;
 
     setSelectionIndices({});
