@@ -745,6 +745,10 @@ void CTWindowController::offerRecoveryOf(const QString &path)
     const auto copy = m_recovery->copyFor(path);
     if (!copy || copy->chapterMarks != m_isChaptermark)
         return;
+    // Offered once a session: a file loaded again (the movie's report after a start-up
+    // recovery) keeps what the user answered.
+    if (m_recoveryOffered.contains(path) && m_recoverWithoutAsking != path)
+        return;
     if (!m_recoveryOffered.contains(path))
         m_recoveryOffered.append(path);
     if (!RecoveryStore::isNewerThanFile(*copy)) {
@@ -787,9 +791,11 @@ void CTWindowController::offerRecoveries()
     for (const RecoveryStore::Copy &copy : copies) {
         if (m_recoveryOffered.contains(copy.path) || copy.path == subtitlePath())
             continue;
-        // A file of the open movie: offered when it is opened.
-        if (!m_basePath.isEmpty() &&
-            CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path) == m_basePath)
+        // A file of the movie being opened (it loads when the player reports): offered when it
+        // is opened.
+        const QString base = CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path);
+        if ((!m_basePath.isEmpty() && base == m_basePath) ||
+            (!m_moviePath.isEmpty() && base == CTFileHelper::stringByDeletingPathExtension(m_moviePath)))
             continue;
         m_recoveryOffered.append(copy.path);
         if (!RecoveryStore::isNewerThanFile(copy)) {

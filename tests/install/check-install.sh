@@ -96,7 +96,7 @@ check_layout() {
     [[ $newest == "$version" ]] || fail "the newest changelog entry is $newest, not $version"
 
     # Nothing outside those places.
-    (cd "$prefix" && find . -type f | grep -Ev '^\./(bin/[^/]+|share/(captora|applications|metainfo|icons/hicolor|man/man1|bash-completion/completions|doc/captora)/.+)$') \
+    (cd "$prefix" && find . -type f | grep -Ev '^\./(bin/[^/]+|libexec/captora/captora-cli-media|share/(captora|applications|metainfo|icons/hicolor|man/man1|bash-completion/completions|doc/captora)/.+)$') \
         >"$tmp/stray" || true
     [[ -s $tmp/stray ]] && fail "files outside their places: $(tr '\n' ' ' <"$tmp/stray")"
 
@@ -141,7 +141,7 @@ check_documented() {
             grep -q -- "${option//-/\\\\-}" "$manual" || fail "the manual does not name $command $option"
             local offered
             offered=$(grep -E "^ *$command\)" "$completion")
-            [[ $offered == *'$reading'* ]] && offered+=" --fps --length --encoding --strict-encoding --chapters"
+            [[ $offered == *'$reading'* ]] && offered+=" --fps --length --encoding --strict-encoding --chapters --salvage"
             grep -Eq -- "(\"| )$option( |\"|$)" <<<"$offered" || fail "the completion does not offer $command $option"
         done
     done
@@ -180,7 +180,7 @@ check_completion() {
     expect "captora-cli sync --m" "--mode "
     expect "captora-cli sync --mode " "fix shift single "
     expect "captora-cli convert --format " "srt vtt "
-    expect "captora-cli shift --" "--by --chapters --encoding --fps --help --length --output --strict-encoding "
+    expect "captora-cli shift --" "--by --chapters --encoding --fps --help --length --output --salvage --strict-encoding "
     expect "captora-cli embed " "Film.mp4 "
     expect "captora-cli dump " "Film.srt "
     expect "captora-cli encodings " ""

@@ -170,3 +170,29 @@ TEST_F(RecoveryTest, AKillDuringTheCopysWriteLeavesTheOldCopyOrTheNewOneNeverATo
                 << name.toStdString();
     }
 }
+
+TEST_F(RecoveryTest, AtStartTheMoviesOwnFileIsAskedAboutOnceWhenItLoadsNotBefore)
+{
+    const QString srt = dir.write(u"Film.srt"_s, fiveLines());
+    RecoveryStore store(folder());
+    store.write(srt, ProjectTest::cues({{1, 2}, {3, 4}}), false);
+    store.waitUntilIdle();
+    project->setRecoveryStore(&store);
+    // The program opens the movie, then offers the other files' copies while the player is
+    // still loading it.
+    const QString movie = dir.write(u"Film.m4v"_s, QByteArray("movie"));
+    player.movie = true;
+    player.length = 900;
+    project->setMoviePath(movie);
+    project->offerRecoveries();
+    EXPECT_TRUE(prompter.prompts.isEmpty()) << "asked before the movie's file was there";
+    prompter.answers = {PromptAnswer{0}}; // Recover
+    player.movie = true;
+    project->movieControllerDidLoadMovie(&player);
+    ASSERT_EQ(prompter.prompts.size(), 1);
+    ASSERT_EQ(project->subtitles().size(), 2);
+    // Loaded again in the same session (the movie's report, a language switch back): the
+    // answer stands.
+    project->setSubtitlePath(srt);
+    EXPECT_EQ(prompter.prompts.size(), 1);
+}
