@@ -145,7 +145,12 @@ qsizetype CueListEditor::rowOf(const VHSubtitle *cue)
         for (qsizetype i = 0; i < m_list.size(); ++i)
             m_rowCache.insert(m_list[i].get(), i);
     }
-    const qsizetype row = m_rowCache.value(cue, -1);
+    qsizetype row = m_rowCache.value(cue, -1);
+    if (row >= m_list.size() || (row >= 0 && m_list[row].get() != cue)) {
+        // Stale (the list changed without the editor): made again.
+        m_rowCache.clear();
+        return rowOf(cue);
+    }
     if (row >= 0)
         m_rowHint = row;
     return row;
@@ -158,7 +163,6 @@ void CueListEditor::flush()
     Operation operation;
     operation.kind = Operation::Values;
     qsizetype first = -1, last = -1;
-    m_rowCache.clear();
     for (const auto &[cue, before] : m_recorded) {
         const qsizetype row = rowOf(cue);
         if (row < 0)
@@ -172,7 +176,6 @@ void CueListEditor::flush()
     }
     m_recorded.clear();
     m_recordedIndex.clear();
-    m_rowCache.clear();
     if (operation.changes.empty())
         return;
     m_step.operations.push_back(std::move(operation));
@@ -266,6 +269,7 @@ void CueListEditor::rollBack()
 
 void CueListEditor::applyInsert(qsizetype row, const SubtitleList &cues)
 {
+    m_rowCache.clear(); // rows move: looked up afresh
     if (cues.isEmpty())
         return;
     if (m_delegate)
@@ -284,6 +288,7 @@ void CueListEditor::applyInsert(qsizetype row, const SubtitleList &cues)
 
 void CueListEditor::applyRemove(qsizetype row, qsizetype count)
 {
+    m_rowCache.clear(); // rows move: looked up afresh
     if (count <= 0)
         return;
     if (m_delegate)
@@ -301,6 +306,7 @@ void CueListEditor::applyRemove(qsizetype row, qsizetype count)
 
 void CueListEditor::applyReplace(const SubtitleList &list)
 {
+    m_rowCache.clear(); // rows move: looked up afresh
     if (m_delegate)
         m_delegate->cueListWillChange();
     for (CueListObserver *observer : m_observers)

@@ -185,6 +185,7 @@ private:
     QHash<const VHSubtitle *, qsizetype> m_recordedIndex;
     std::vector<std::pair<const VHSubtitle *, CueState>> m_recorded;
     qsizetype m_rowHint = 0;
+    // Rows of the list's cues, made when first needed and kept until rows move.
     QHash<const VHSubtitle *, qsizetype> m_rowCache;
     quint64 m_blocksAtOpen = 0;
     quint64 m_blockLimit = 0;
