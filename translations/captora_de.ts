@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation>%1 ist noch nicht abgeschlossen. Wenn Sie jetzt beenden, geht diese Arbeit verloren. Möchten Sie den Vorgang anhalten und beenden, sobald er angehalten ist, oder ihn abschließen lassen?</translation>
+        <translation>Noch nicht abgeschlossen: %1. Wenn Sie jetzt beenden, geht diese Arbeit verloren. Möchten Sie anhalten und beenden, sobald alles angehalten ist, oder die Arbeit abschließen lassen?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
@@ -656,7 +656,7 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     </message>
     <message>
         <source>Read files in:</source>
-        <translation>Dateien lesen in:</translation>
+        <translation>Zeichenkodierung beim Lesen:</translation>
     </message>
     <message>
         <source>“Automatic” recognises the encoding of each file.</source>
@@ -668,7 +668,7 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     </message>
     <message>
         <source>Export in:</source>
-        <translation>Exportieren in:</translation>
+        <translation>Zeichenkodierung beim Export:</translation>
     </message>
     <message>
         <source>The export window starts with this encoding

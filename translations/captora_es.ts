@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation>%1 no ha terminado. Si sale ahora, se perderá su trabajo. ¿Desea detenerlo y salir cuando se haya detenido, o dejar que termine?</translation>
+        <translation>Aún no ha terminado: %1. Si sale ahora, se perderá su trabajo. ¿Desea detenerlo y salir cuando se haya detenido, o dejar que termine?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>

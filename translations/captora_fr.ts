@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation>%1 n’est pas terminé. Quitter maintenant ferait perdre ce travail. Voulez-vous l’arrêter et quitter une fois qu’il est arrêté, ou le laisser se terminer&#xa0;?</translation>
+        <translation>Pas encore terminé&#xa0;: %1. Quitter maintenant ferait perdre ce travail. Voulez-vous l’arrêter et quitter une fois qu’il est arrêté, ou le laisser se terminer&#xa0;?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
@@ -709,7 +709,7 @@ La langue détermine aussi quel fichier de sous-titres d’un film s’ouvre en 
     <message>
         <source>A tap fixes the line at the playing time
 minus your reaction time.</source>
-        <translation>Une frappe fixe la ligne au temps de lecture
+        <translation>Un appui fixe la ligne au temps de lecture
 moins votre temps de réaction.</translation>
     </message>
     <message>
@@ -787,11 +787,11 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation>Terminé</translation>
+        <translation>Terminée</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation>Annulé</translation>
+        <translation>Annulée</translation>
     </message>
     <message>
         <source>Working…</source>

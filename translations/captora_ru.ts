@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation>%1 ещё не завершено. Если выйти сейчас, эта работа будет потеряна. Остановить и выйти после остановки или дать завершиться?</translation>
+        <translation>Ещё не завершено: %1. Если выйти сейчас, эта работа будет потеряна. Остановить и выйти после остановки или дать завершиться?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
