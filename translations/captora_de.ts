@@ -5,75 +5,75 @@
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Untertitel haben sich geändert, seit sie in den Film eingebettet wurden.</translation>
     </message>
     <message>
         <source>Find and Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Suchen und Ersetzen</translation>
     </message>
     <message>
         <source>Preferences…</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen …</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fe&amp;nster</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgaben</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hilfe</translation>
     </message>
     <message>
         <source>Reset Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Meldungen zurücksetzen</translation>
     </message>
     <message>
         <source>Show the disclaimer and the Tap2Sync explanation again</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Haftungshinweis und die Erklärung zu Tap2Sync wieder anzeigen</translation>
     </message>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Über %1</translation>
     </message>
     <message>
         <source>Disclaimer</source>
-        <translation type="unfinished"></translation>
+        <translation>Haftungshinweis</translation>
     </message>
     <message>
         <source>Studios can protect a Movie&apos;s/TV-show&apos;s dialog and translations with a copyright. For those movies/TV-shows creating or downloading a subtitle infringes copyright law.</source>
-        <translation type="unfinished"></translation>
+        <translation>Filmstudios können die Dialoge und Übersetzungen eines Films oder einer Serie urheberrechtlich schützen. Bei diesen Filmen und Serien verletzt das Erstellen oder Herunterladen von Untertiteln das Urheberrecht.</translation>
     </message>
     <message>
         <source>Understood</source>
-        <translation type="unfinished">Verstanden</translation>
+        <translation>Verstanden</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished">Beenden</translation>
+        <translation>Beenden</translation>
     </message>
     <message>
         <source>Captora is still working.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora arbeitet noch.</translation>
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch nicht abgeschlossen: %1. Wenn Sie jetzt beenden, geht diese Arbeit verloren. Möchten Sie anhalten und beenden, sobald alles angehalten ist, oder die Arbeit abschließen lassen?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten und beenden</translation>
     </message>
     <message>
         <source>Keep Working</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiterarbeiten</translation>
     </message>
     <message>
         <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Ein Untertitel-Editor, mit dem Sie das Timing von Untertiteln an einem Film ausrichten.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -437,105 +437,105 @@
     </message>
     <message>
         <source>Typing</source>
-        <translation type="unfinished"></translation>
+        <translation>Tippen</translation>
     </message>
     <message>
         <source>Forced</source>
-        <translation type="unfinished">Erzwungen</translation>
+        <translation>Erzwungen</translation>
     </message>
     <message>
         <source>This change leaves the lines after it no room before the next anchor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Änderung lässt den Zeilen danach keinen Platz vor dem nächsten Anker.</translation>
     </message>
     <message>
         <source>It was taken back. Choose an earlier time, or remove the anchor after it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie wurde zurückgenommen. Wählen Sie eine frühere Zeit, oder entfernen Sie den Anker danach.</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished">Dauer</translation>
+        <translation>Dauer</translation>
     </message>
     <message>
         <source>Recover unsaved changes to %1 from %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gespeicherte Änderungen an %1 vom %2 wiederherstellen?</translation>
     </message>
     <message>
         <source>Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederherstellen</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Verwerfen</translation>
     </message>
     <message>
         <source>Recover Unsaved Changes</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht gespeicherte Änderungen wiederherstellen</translation>
     </message>
     <message>
         <source>Replace All</source>
-        <translation type="unfinished">Alle ersetzen</translation>
+        <translation>Alle ersetzen</translation>
     </message>
     <message>
         <source>Add Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile hinzufügen</translation>
     </message>
     <message>
         <source>Delete Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile löschen</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n Lines</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Zeile löschen</numerusform>
+            <numerusform>%n Zeilen löschen</numerusform>
         </translation>
     </message>
     <message>
         <source>Adjust Durations</source>
-        <translation type="unfinished">Dauer anpassen</translation>
+        <translation>Dauer anpassen</translation>
     </message>
     <message>
         <source>Tap2Sync</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync</translation>
     </message>
     <message>
         <source>Fix</source>
-        <translation type="unfinished">Fixieren</translation>
+        <translation>Fixieren</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished">Verschieben</translation>
+        <translation>Verschieben</translation>
     </message>
     <message>
         <source>Fix Single Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Einzelne Zeile fixieren</translation>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Beginn</translation>
     </message>
 </context>
 <context>
     <name>CueListEditor</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Änderung</translation>
     </message>
     <message>
         <source>Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig: %1</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholen: %1</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>
@@ -562,51 +562,51 @@
     <name>EmbedOptionsDialog</name>
     <message>
         <source>Embedding Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Optionen zum Einbetten</translation>
     </message>
     <message>
         <source>Embed Subtitles into “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Untertitel in „%1“ einbetten</translation>
     </message>
     <message>
         <source>The ticked tracks go into a new movie, “%1”, with the movie&apos;s picture and sound. When it is complete it takes the movie&apos;s place, and the original movie is kept beside it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die angehakten Spuren kommen zusammen mit Bild und Ton des Films in einen neuen Film, „%1“. Wenn er fertig ist, tritt er an die Stelle des Films, und der ursprüngliche Film bleibt daneben erhalten.</translation>
     </message>
     <message>
         <source>Embed</source>
-        <translation type="unfinished"></translation>
+        <translation>Einbetten</translation>
     </message>
     <message>
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Quelle</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Ort</translation>
     </message>
     <message>
         <source>Chapter Marks</source>
-        <translation type="unfinished">Kapitelmarken</translation>
+        <translation>Kapitelmarken</translation>
     </message>
     <message>
         <source>There are no subtitle files beside the movie and no text tracks in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Neben dem Film liegen keine Untertiteldateien, und der Film enthält keine Textspuren.</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>File beside the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei neben dem Film</translation>
     </message>
     <message>
         <source>Track in the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Spur im Film</translation>
     </message>
 </context>
 <context>
@@ -634,9 +634,9 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     </message>
     <message numerus="yes">
         <source>%n track(s) could not be read completely.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Spur konnte nicht vollständig gelesen werden.</numerusform>
+            <numerusform>%n Spuren konnten nicht vollständig gelesen werden.</numerusform>
         </translation>
     </message>
 </context>
@@ -644,158 +644,162 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>Subtitle Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Untertiteldateien</translation>
     </message>
     <message>
         <source>Read files in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeichenkodierung beim Lesen:</translation>
     </message>
     <message>
         <source>“Automatic” recognises the encoding of each file.</source>
-        <translation type="unfinished"></translation>
+        <translation>„Automatisch“ erkennt die Zeichenkodierung jeder Datei.</translation>
     </message>
     <message>
         <source>Same as for reading</source>
-        <translation type="unfinished"></translation>
+        <translation>Wie beim Lesen</translation>
     </message>
     <message>
         <source>Export in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeichenkodierung beim Export:</translation>
     </message>
     <message>
         <source>The export window starts with this encoding
 and remembers what you choose there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Exportfenster beginnt mit dieser Zeichenkodierung
+und merkt sich, was Sie dort wählen.</translation>
     </message>
     <message>
         <source>Interface Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache der Oberfläche</translation>
     </message>
     <message>
         <source>Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprache:</translation>
     </message>
     <message>
         <source>List languages without their region</source>
-        <translation type="unfinished"></translation>
+        <translation>Sprachen ohne ihre Region auflisten</translation>
     </message>
     <message>
         <source>A new interface language applies the next time Captora starts.
 The language also decides which subtitle file of a movie opens first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine neue Sprache der Oberfläche gilt ab dem nächsten Start von Captora.
+Die Sprache entscheidet auch, welche Untertiteldatei eines Films zuerst geöffnet wird.</translation>
     </message>
     <message>
         <source>Timing</source>
-        <translation type="unfinished"></translation>
+        <translation>Timing</translation>
     </message>
     <message>
         <source>Tap2Sync rewinds by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync spult zurück um:</translation>
     </message>
     <message>
         <source>Tap2Sync reaction time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reaktionszeit für Tap2Sync:</translation>
     </message>
     <message>
         <source>A tap fixes the line at the playing time
 minus your reaction time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Tippen fixiert die Zeile bei der Abspielzeit
+abzüglich Ihrer Reaktionszeit.</translation>
     </message>
     <message>
         <source> characters per second</source>
-        <translation type="unfinished"></translation>
+        <translation> Zeichen pro Sekunde</translation>
     </message>
     <message>
         <source>Reading speed limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>Höchste Lesegeschwindigkeit:</translation>
     </message>
     <message>
         <source>Saving and Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern und Abspielen</translation>
     </message>
     <message>
         <source> seconds</source>
-        <translation type="unfinished"></translation>
+        <translation> Sekunden</translation>
     </message>
     <message>
         <source>Autosave every:</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatisch speichern alle:</translation>
     </message>
     <message>
         <source>libmpv, then libVLC</source>
-        <translation type="unfinished"></translation>
+        <translation>libmpv, dann libVLC</translation>
     </message>
     <message>
         <source>libVLC, then libmpv</source>
-        <translation type="unfinished"></translation>
+        <translation>libVLC, dann libmpv</translation>
     </message>
     <message>
         <source>Play movies with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Filme abspielen mit:</translation>
     </message>
     <message>
         <source>Subtitles can be embedded into and extracted from movies that libmpv plays.
 The player applies to the next movie you open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Untertitel lassen sich in Filme einbetten und aus Filmen extrahieren, die libmpv abspielt.
+Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
     </message>
 </context>
 <context>
     <name>ProgressWindow</name>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgaben</translation>
     </message>
     <message>
         <source>No tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Aufgaben</translation>
     </message>
     <message>
         <source>Clear Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgeschlossene entfernen</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzeigen</translation>
     </message>
     <message>
         <source>Open the folder of the file this task wrote</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Ordner der Datei öffnen, die diese Aufgabe geschrieben hat</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation type="unfinished"></translation>
+        <translation>Fertig</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>Abgebrochen</translation>
     </message>
     <message>
         <source>Working…</source>
-        <translation type="unfinished"></translation>
+        <translation>In Arbeit …</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -1048,130 +1052,130 @@ The player applies to the next movie you open.</source>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rückgängig</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
     <message>
         <source>Open Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geöffnet</translation>
     </message>
     <message>
         <source>%1 — %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 — %2</translation>
     </message>
     <message>
         <source>Clear Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Menü leeren</translation>
     </message>
 </context>
 <context>
     <name>SubtitleSalvage</name>
     <message>
         <source>found no cue</source>
-        <translation type="unfinished"></translation>
+        <translation>fand keinen Untertitel</translation>
     </message>
     <message>
         <source>found no [Events] section</source>
-        <translation type="unfinished"></translation>
+        <translation>fand keinen Abschnitt [Events]</translation>
     </message>
     <message>
         <source>found no Start, End and Text in its Format line</source>
-        <translation type="unfinished"></translation>
+        <translation>fand in der Format-Zeile kein Start, End und Text</translation>
     </message>
     <message>
         <source>found no Format line under [Events]</source>
-        <translation type="unfinished"></translation>
+        <translation>fand keine Format-Zeile unter [Events]</translation>
     </message>
     <message>
         <source>found no Dialogue line</source>
-        <translation type="unfinished"></translation>
+        <translation>fand keine Dialogue-Zeile</translation>
     </message>
     <message>
         <source>No reader accepts this subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Leser kann diese Untertiteldatei lesen.</translation>
     </message>
     <message>
         <source>%1 stopped at line %2: “%3”</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 brach in Zeile %2 ab: „%3“</translation>
     </message>
     <message>
         <source>%1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2.</translation>
     </message>
     <message numerus="yes">
         <source>Read as %1, leaving out %n line(s) it cannot place. Saving writes a clean file.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Als %1 gelesen, ohne %n Zeile, die sich nicht zuordnen lässt. Beim Speichern entsteht eine saubere Datei.</numerusform>
+            <numerusform>Als %1 gelesen, ohne %n Zeilen, die sich nicht zuordnen lassen. Beim Speichern entsteht eine saubere Datei.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Load the %n lines that could be read</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Die %n lesbare Zeile laden</numerusform>
+            <numerusform>Die %n lesbaren Zeilen laden</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
     <name>Unzipper</name>
     <message>
         <source>“%1” was not unpacked: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ wurde nicht entpackt: %2</translation>
     </message>
     <message>
         <source>The download is not a readable zip archive.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Download ist kein lesbares ZIP-Archiv.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: it has more than %1 files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv wurde nicht entpackt: Es enthält mehr als %1 Dateien.</translation>
     </message>
     <message>
         <source>The archive is damaged and was not unpacked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv ist beschädigt und wurde nicht entpackt.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: its files would take more than %1 MB.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv wurde nicht entpackt: Seine Dateien würden mehr als %1 MB belegen.</translation>
     </message>
     <message>
         <source>a file of that name was unpacked already</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Datei dieses Namens wurde bereits entpackt</translation>
     </message>
     <message>
         <source>its data is damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>ihre Daten sind beschädigt</translation>
     </message>
     <message>
         <source>The archive could not be unpacked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv konnte nicht entpackt werden: %1</translation>
     </message>
     <message>
         <source>its name is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Name ist zu lang</translation>
     </message>
     <message>
         <source>its name leads outside the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>ihr Name führt aus dem Ordner hinaus</translation>
     </message>
     <message>
         <source>it is a symbolic link</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist ein symbolischer Link</translation>
     </message>
     <message>
         <source>it is protected by a password, which Captora does not support</source>
-        <translation type="unfinished"></translation>
+        <translation>sie ist durch ein Passwort geschützt, was Captora nicht unterstützt</translation>
     </message>
 </context>
 <context>
@@ -1313,19 +1317,19 @@ The player applies to the next movie you open.</source>
     <name>VHLanguagePopUpButton</name>
     <message>
         <source>Add more languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Sprachen hinzufügen</translation>
     </message>
     <message>
         <source>Captora offers the languages your desktop prefers. Add languages in your desktop&apos;s region and language settings, or list them in the LANGUAGE environment variable (for example LANGUAGE=de:fr:en), and start Captora again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora bietet die Sprachen an, die Ihr Desktop bevorzugt. Fügen Sie Sprachen in den Regions- und Spracheinstellungen Ihres Desktops hinzu oder nennen Sie sie in der Umgebungsvariable LANGUAGE (zum Beispiel LANGUAGE=de:fr:en), und starten Sie Captora neu.</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished">Unbekannt</translation>
+        <translation>Unbekannt</translation>
     </message>
     <message>
         <source>Add more languages ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Weitere Sprachen hinzufügen ...</translation>
     </message>
 </context>
 <context>
@@ -1400,63 +1404,63 @@ Möchten Sie fortfahren?</translation>
     <name>VHWebSearchController</name>
     <message>
         <source>Download Subtitles via Web Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Untertitel über die Websuche herunterladen</translation>
     </message>
     <message>
         <source>Movie or series name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name des Films oder der Serie</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Schließen</translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Your Engines</source>
-        <translation type="unfinished"></translation>
+        <translation>Ihre Suchmaschinen</translation>
     </message>
     <message>
         <source>“%1” is neither a subtitle file nor an archive; it was not downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist weder eine Untertiteldatei noch ein Archiv; es wurde nicht heruntergeladen.</translation>
     </message>
     <message>
         <source>“%1” could not be downloaded: there is no temporary folder for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ konnte nicht heruntergeladen werden: Es gibt keinen temporären Ordner dafür.</translation>
     </message>
     <message>
         <source>Downloading “%1”…</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ wird heruntergeladen …</translation>
     </message>
     <message>
         <source>Unpacked “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ entpackt.</translation>
     </message>
     <message>
         <source>Downloaded “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ heruntergeladen.</translation>
     </message>
     <message>
         <source>The download of “%1” failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Herunterladen von „%1“ ist fehlgeschlagen: %2</translation>
     </message>
     <message>
         <source>Save RAR Archive</source>
-        <translation type="unfinished"></translation>
+        <translation>RAR-Archiv speichern</translation>
     </message>
     <message>
         <source>RAR archives (*.rar)</source>
-        <translation type="unfinished"></translation>
+        <translation>RAR-Archive (*.rar)</translation>
     </message>
     <message>
         <source>The RAR archive “%1” was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das RAR-Archiv „%1“ wurde nicht gespeichert.</translation>
     </message>
     <message>
         <source>The RAR archive could not be saved at “%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Das RAR-Archiv konnte nicht unter „%1“ gespeichert werden: %2</translation>
     </message>
     <message>
         <source>Saved “%1”. Captora cannot unpack RAR archives: unpack it with an archive manager and open the subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ gespeichert. Captora kann RAR-Archive nicht entpacken: Entpacken Sie es mit einer Archivverwaltung und öffnen Sie die Untertiteldatei.</translation>
     </message>
 </context>
 <context>

@@ -5,75 +5,75 @@
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los subtítulos han cambiado desde que se incorporaron a la película.</translation>
     </message>
     <message>
         <source>Find and Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Buscar y reemplazar</translation>
     </message>
     <message>
         <source>Preferences…</source>
-        <translation type="unfinished"></translation>
+        <translation>Preferencias…</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Ventana</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tareas</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;yuda</translation>
     </message>
     <message>
         <source>Reset Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Restablecer los mensajes</translation>
     </message>
     <message>
         <source>Show the disclaimer and the Tap2Sync explanation again</source>
-        <translation type="unfinished"></translation>
+        <translation>Volver a mostrar el aviso legal y la explicación de Tap2Sync</translation>
     </message>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Acerca de %1</translation>
     </message>
     <message>
         <source>Disclaimer</source>
-        <translation type="unfinished"></translation>
+        <translation>Aviso legal</translation>
     </message>
     <message>
         <source>Studios can protect a Movie&apos;s/TV-show&apos;s dialog and translations with a copyright. For those movies/TV-shows creating or downloading a subtitle infringes copyright law.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los estudios pueden proteger con derechos de autor los diálogos y las traducciones de una película o serie. En esas películas y series, crear o descargar subtítulos infringe la ley de derechos de autor.</translation>
     </message>
     <message>
         <source>Understood</source>
-        <translation type="unfinished">Entendido</translation>
+        <translation>Entendido</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished">Salir</translation>
+        <translation>Salir</translation>
     </message>
     <message>
         <source>Captora is still working.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora sigue trabajando.</translation>
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation type="unfinished"></translation>
+        <translation>Aún no ha terminado: %1. Si sale ahora, se perderá su trabajo. ¿Desea detenerlo y salir cuando se haya detenido, o dejar que termine?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Detener y salir</translation>
     </message>
     <message>
         <source>Keep Working</source>
-        <translation type="unfinished"></translation>
+        <translation>Seguir trabajando</translation>
     </message>
     <message>
         <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un editor de subtítulos para corregir la sincronización de los subtítulos con una película.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -437,105 +437,105 @@
     </message>
     <message>
         <source>Typing</source>
-        <translation type="unfinished"></translation>
+        <translation>Escritura</translation>
     </message>
     <message>
         <source>Forced</source>
-        <translation type="unfinished">Forzado</translation>
+        <translation>Forzado</translation>
     </message>
     <message>
         <source>This change leaves the lines after it no room before the next anchor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este cambio no deja espacio a las líneas siguientes antes de la próxima ancla.</translation>
     </message>
     <message>
         <source>It was taken back. Choose an earlier time, or remove the anchor after it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se ha deshecho. Elija un tiempo anterior o quite el ancla que viene después.</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished">Duración</translation>
+        <translation>Duración</translation>
     </message>
     <message>
         <source>Recover unsaved changes to %1 from %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Recuperar los cambios no guardados de %1 del %2?</translation>
     </message>
     <message>
         <source>Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>Recuperar</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Descartar</translation>
     </message>
     <message>
         <source>Recover Unsaved Changes</source>
-        <translation type="unfinished"></translation>
+        <translation>Recuperar los cambios no guardados</translation>
     </message>
     <message>
         <source>Replace All</source>
-        <translation type="unfinished">Reemplazar todo</translation>
+        <translation>Reemplazar todo</translation>
     </message>
     <message>
         <source>Add Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir línea</translation>
     </message>
     <message>
         <source>Delete Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Eliminar línea</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n Lines</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Eliminar %n línea</numerusform>
+            <numerusform>Eliminar %n líneas</numerusform>
         </translation>
     </message>
     <message>
         <source>Adjust Durations</source>
-        <translation type="unfinished">Ajustar duraciones</translation>
+        <translation>Ajustar duraciones</translation>
     </message>
     <message>
         <source>Tap2Sync</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync</translation>
     </message>
     <message>
         <source>Fix</source>
-        <translation type="unfinished">Fijar</translation>
+        <translation>Fijar</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished">Desplazar</translation>
+        <translation>Desplazar</translation>
     </message>
     <message>
         <source>Fix Single Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Fijar solo una línea</translation>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Tiempo de inicio</translation>
     </message>
 </context>
 <context>
     <name>CueListEditor</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Cambio</translation>
     </message>
     <message>
         <source>Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer %1</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer</translation>
     </message>
     <message>
         <source>Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rehacer %1</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rehacer</translation>
     </message>
 </context>
 <context>
@@ -562,51 +562,51 @@
     <name>EmbedOptionsDialog</name>
     <message>
         <source>Embedding Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Opciones de incorporación</translation>
     </message>
     <message>
         <source>Embed Subtitles into “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Incorporar los subtítulos a «%1»</translation>
     </message>
     <message>
         <source>The ticked tracks go into a new movie, “%1”, with the movie&apos;s picture and sound. When it is complete it takes the movie&apos;s place, and the original movie is kept beside it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Las pistas marcadas pasan, junto con la imagen y el sonido de la película, a una película nueva, «%1». Cuando está completa, ocupa el lugar de la película, y la película original se conserva a su lado.</translation>
     </message>
     <message>
         <source>Embed</source>
-        <translation type="unfinished"></translation>
+        <translation>Incorporar</translation>
     </message>
     <message>
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Origen</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Ubicación</translation>
     </message>
     <message>
         <source>Chapter Marks</source>
-        <translation type="unfinished">Marcas de capítulo</translation>
+        <translation>Marcas de capítulo</translation>
     </message>
     <message>
         <source>There are no subtitle files beside the movie and no text tracks in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay archivos de subtítulos junto a la película ni pistas de texto en ella.</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Cancelar</translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>File beside the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivo junto a la película</translation>
     </message>
     <message>
         <source>Track in the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Pista de la película</translation>
     </message>
 </context>
 <context>
@@ -634,9 +634,9 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
     </message>
     <message numerus="yes">
         <source>%n track(s) could not be read completely.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>No se pudo leer completa %n pista.</numerusform>
+            <numerusform>No se pudieron leer completas %n pistas.</numerusform>
         </translation>
     </message>
 </context>
@@ -644,158 +644,162 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Preferencias</translation>
     </message>
     <message>
         <source>Subtitle Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivos de subtítulos</translation>
     </message>
     <message>
         <source>Read files in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Leer los archivos en:</translation>
     </message>
     <message>
         <source>“Automatic” recognises the encoding of each file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«Automática» reconoce la codificación de cada archivo.</translation>
     </message>
     <message>
         <source>Same as for reading</source>
-        <translation type="unfinished"></translation>
+        <translation>Igual que para leer</translation>
     </message>
     <message>
         <source>Export in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportar en:</translation>
     </message>
     <message>
         <source>The export window starts with this encoding
 and remembers what you choose there.</source>
-        <translation type="unfinished"></translation>
+        <translation>La ventana de exportación empieza con esta codificación
+y recuerda lo que elija en ella.</translation>
     </message>
     <message>
         <source>Interface Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma de la interfaz</translation>
     </message>
     <message>
         <source>Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>Idioma:</translation>
     </message>
     <message>
         <source>List languages without their region</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar los idiomas sin su región</translation>
     </message>
     <message>
         <source>A new interface language applies the next time Captora starts.
 The language also decides which subtitle file of a movie opens first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un nuevo idioma de la interfaz se aplica la próxima vez que se inicie Captora.
+El idioma también decide qué archivo de subtítulos de una película se abre primero.</translation>
     </message>
     <message>
         <source>Timing</source>
-        <translation type="unfinished"></translation>
+        <translation>Sincronización</translation>
     </message>
     <message>
         <source>Tap2Sync rewinds by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync retrocede:</translation>
     </message>
     <message>
         <source>Tap2Sync reaction time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tiempo de reacción de Tap2Sync:</translation>
     </message>
     <message>
         <source>A tap fixes the line at the playing time
 minus your reaction time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Una pulsación fija la línea en el tiempo de reproducción
+menos su tiempo de reacción.</translation>
     </message>
     <message>
         <source> characters per second</source>
-        <translation type="unfinished"></translation>
+        <translation> caracteres por segundo</translation>
     </message>
     <message>
         <source>Reading speed limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>Límite de velocidad de lectura:</translation>
     </message>
     <message>
         <source>Saving and Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardado y reproducción</translation>
     </message>
     <message>
         <source> seconds</source>
-        <translation type="unfinished"></translation>
+        <translation> segundos</translation>
     </message>
     <message>
         <source>Autosave every:</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar automáticamente cada:</translation>
     </message>
     <message>
         <source>libmpv, then libVLC</source>
-        <translation type="unfinished"></translation>
+        <translation>libmpv y luego libVLC</translation>
     </message>
     <message>
         <source>libVLC, then libmpv</source>
-        <translation type="unfinished"></translation>
+        <translation>libVLC y luego libmpv</translation>
     </message>
     <message>
         <source>Play movies with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Reproducir películas con:</translation>
     </message>
     <message>
         <source>Subtitles can be embedded into and extracted from movies that libmpv plays.
 The player applies to the next movie you open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los subtítulos se pueden incorporar a las películas que reproduce libmpv y extraer de ellas.
+El reproductor se aplica a la próxima película que abra.</translation>
     </message>
 </context>
 <context>
     <name>ProgressWindow</name>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tareas</translation>
     </message>
     <message>
         <source>No tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay tareas</translation>
     </message>
     <message>
         <source>Clear Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitar las terminadas</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Cancelar</translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished"></translation>
+        <translation>Mostrar</translation>
     </message>
     <message>
         <source>Open the folder of the file this task wrote</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir la carpeta del archivo que escribió esta tarea</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>En espera</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Fallida</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation type="unfinished"></translation>
+        <translation>Terminada</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelada</translation>
     </message>
     <message>
         <source>Working…</source>
-        <translation type="unfinished"></translation>
+        <translation>Trabajando…</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -1048,130 +1052,130 @@ The player applies to the next movie you open.</source>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Deshacer</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rehacer</translation>
     </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
     <message>
         <source>Open Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>Abrir reciente</translation>
     </message>
     <message>
         <source>%1 — %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 — %2</translation>
     </message>
     <message>
         <source>Clear Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Borrar el menú</translation>
     </message>
 </context>
 <context>
     <name>SubtitleSalvage</name>
     <message>
         <source>found no cue</source>
-        <translation type="unfinished"></translation>
+        <translation>no encontró ninguna entrada</translation>
     </message>
     <message>
         <source>found no [Events] section</source>
-        <translation type="unfinished"></translation>
+        <translation>no encontró ninguna sección [Events]</translation>
     </message>
     <message>
         <source>found no Start, End and Text in its Format line</source>
-        <translation type="unfinished"></translation>
+        <translation>no encontró Start, End y Text en su línea Format</translation>
     </message>
     <message>
         <source>found no Format line under [Events]</source>
-        <translation type="unfinished"></translation>
+        <translation>no encontró ninguna línea Format bajo [Events]</translation>
     </message>
     <message>
         <source>found no Dialogue line</source>
-        <translation type="unfinished"></translation>
+        <translation>no encontró ninguna línea Dialogue</translation>
     </message>
     <message>
         <source>No reader accepts this subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ningún lector acepta este archivo de subtítulos.</translation>
     </message>
     <message>
         <source>%1 stopped at line %2: “%3”</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 se detuvo en la línea %2: «%3»</translation>
     </message>
     <message>
         <source>%1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2.</translation>
     </message>
     <message numerus="yes">
         <source>Read as %1, leaving out %n line(s) it cannot place. Saving writes a clean file.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Leído como %1, omitiendo %n línea que no puede ubicar. Al guardar se escribe un archivo limpio.</numerusform>
+            <numerusform>Leído como %1, omitiendo %n líneas que no puede ubicar. Al guardar se escribe un archivo limpio.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Load the %n lines that could be read</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Cargar la %n línea que se pudo leer</numerusform>
+            <numerusform>Cargar las %n líneas que se pudieron leer</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Cancelar</translation>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
     <name>Unzipper</name>
     <message>
         <source>“%1” was not unpacked: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» no se descomprimió: %2</translation>
     </message>
     <message>
         <source>The download is not a readable zip archive.</source>
-        <translation type="unfinished"></translation>
+        <translation>La descarga no es un archivo zip legible.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: it has more than %1 files.</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo comprimido no se descomprimió: contiene más de %1 archivos.</translation>
     </message>
     <message>
         <source>The archive is damaged and was not unpacked.</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo comprimido está dañado y no se descomprimió.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: its files would take more than %1 MB.</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo comprimido no se descomprimió: sus archivos ocuparían más de %1 MB.</translation>
     </message>
     <message>
         <source>a file of that name was unpacked already</source>
-        <translation type="unfinished"></translation>
+        <translation>ya se descomprimió un archivo con ese nombre</translation>
     </message>
     <message>
         <source>its data is damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>sus datos están dañados</translation>
     </message>
     <message>
         <source>The archive could not be unpacked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo descomprimir el archivo comprimido: %1</translation>
     </message>
     <message>
         <source>its name is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>su nombre es demasiado largo</translation>
     </message>
     <message>
         <source>its name leads outside the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>su nombre lleva fuera de la carpeta</translation>
     </message>
     <message>
         <source>it is a symbolic link</source>
-        <translation type="unfinished"></translation>
+        <translation>es un enlace simbólico</translation>
     </message>
     <message>
         <source>it is protected by a password, which Captora does not support</source>
-        <translation type="unfinished"></translation>
+        <translation>está protegido con contraseña, algo que Captora no admite</translation>
     </message>
 </context>
 <context>
@@ -1313,19 +1317,19 @@ The player applies to the next movie you open.</source>
     <name>VHLanguagePopUpButton</name>
     <message>
         <source>Add more languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir más idiomas</translation>
     </message>
     <message>
         <source>Captora offers the languages your desktop prefers. Add languages in your desktop&apos;s region and language settings, or list them in the LANGUAGE environment variable (for example LANGUAGE=de:fr:en), and start Captora again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora ofrece los idiomas que prefiere su escritorio. Añada idiomas en la configuración de región e idioma de su escritorio o indíquelos en la variable de entorno LANGUAGE (por ejemplo LANGUAGE=de:fr:en), y vuelva a iniciar Captora.</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished">idioma desconocido</translation>
+        <translation>idioma desconocido</translation>
     </message>
     <message>
         <source>Add more languages ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir más idiomas...</translation>
     </message>
 </context>
 <context>
@@ -1400,63 +1404,63 @@ Do you want to continue?</source>
     <name>VHWebSearchController</name>
     <message>
         <source>Download Subtitles via Web Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Descargar subtítulos mediante búsqueda web</translation>
     </message>
     <message>
         <source>Movie or series name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nombre de la película o serie</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Cerrar</translation>
+        <translation>Cerrar</translation>
     </message>
     <message>
         <source>Your Engines</source>
-        <translation type="unfinished"></translation>
+        <translation>Sus buscadores</translation>
     </message>
     <message>
         <source>“%1” is neither a subtitle file nor an archive; it was not downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» no es un archivo de subtítulos ni un archivo comprimido; no se descargó.</translation>
     </message>
     <message>
         <source>“%1” could not be downloaded: there is no temporary folder for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo descargar «%1»: no hay ninguna carpeta temporal para él.</translation>
     </message>
     <message>
         <source>Downloading “%1”…</source>
-        <translation type="unfinished"></translation>
+        <translation>Descargando «%1»…</translation>
     </message>
     <message>
         <source>Unpacked “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» descomprimido.</translation>
     </message>
     <message>
         <source>Downloaded “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» descargado.</translation>
     </message>
     <message>
         <source>The download of “%1” failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Falló la descarga de «%1»: %2</translation>
     </message>
     <message>
         <source>Save RAR Archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar archivo RAR</translation>
     </message>
     <message>
         <source>RAR archives (*.rar)</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivos RAR (*.rar)</translation>
     </message>
     <message>
         <source>The RAR archive “%1” was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo RAR «%1» no se guardó.</translation>
     </message>
     <message>
         <source>The RAR archive could not be saved at “%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo guardar el archivo RAR en «%1»: %2</translation>
     </message>
     <message>
         <source>Saved “%1”. Captora cannot unpack RAR archives: unpack it with an archive manager and open the subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» guardado. Captora no puede descomprimir archivos RAR: descomprímalo con un gestor de archivos comprimidos y abra el archivo de subtítulos.</translation>
     </message>
 </context>
 <context>

@@ -5,75 +5,75 @@
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les sous-titres ont changé depuis leur intégration dans le film.</translation>
     </message>
     <message>
         <source>Find and Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Rechercher et remplacer</translation>
     </message>
     <message>
         <source>Preferences…</source>
-        <translation type="unfinished"></translation>
+        <translation>Préférences…</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>Fe&amp;nêtre</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tâches</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Aide</translation>
     </message>
     <message>
         <source>Reset Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Réinitialiser les messages</translation>
     </message>
     <message>
         <source>Show the disclaimer and the Tap2Sync explanation again</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher de nouveau l’avertissement et l’explication de Tap2Sync</translation>
     </message>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>À propos de %1</translation>
     </message>
     <message>
         <source>Disclaimer</source>
-        <translation type="unfinished"></translation>
+        <translation>Avertissement</translation>
     </message>
     <message>
         <source>Studios can protect a Movie&apos;s/TV-show&apos;s dialog and translations with a copyright. For those movies/TV-shows creating or downloading a subtitle infringes copyright law.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les studios peuvent protéger les dialogues et les traductions d’un film ou d’une série par le droit d’auteur. Pour ces films et séries, créer ou télécharger des sous-titres enfreint le droit d’auteur.</translation>
     </message>
     <message>
         <source>Understood</source>
-        <translation type="unfinished">Compris</translation>
+        <translation>Compris</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished">Quitter</translation>
+        <translation>Quitter</translation>
     </message>
     <message>
         <source>Captora is still working.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora travaille encore.</translation>
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation type="unfinished"></translation>
+        <translation>Pas encore terminé&#xa0;: %1. Quitter maintenant ferait perdre ce travail. Voulez-vous l’arrêter et quitter une fois qu’il est arrêté, ou le laisser se terminer&#xa0;?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Arrêter et quitter</translation>
     </message>
     <message>
         <source>Keep Working</source>
-        <translation type="unfinished"></translation>
+        <translation>Continuer</translation>
     </message>
     <message>
         <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un éditeur de sous-titres pour corriger la synchronisation des sous-titres sur un film.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -437,105 +437,105 @@
     </message>
     <message>
         <source>Typing</source>
-        <translation type="unfinished"></translation>
+        <translation>Saisie</translation>
     </message>
     <message>
         <source>Forced</source>
-        <translation type="unfinished">Forcé</translation>
+        <translation>Forcé</translation>
     </message>
     <message>
         <source>This change leaves the lines after it no room before the next anchor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Cette modification ne laisse plus de place aux lignes suivantes avant la prochaine ancre.</translation>
     </message>
     <message>
         <source>It was taken back. Choose an earlier time, or remove the anchor after it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Elle a été annulée. Choisissez un temps antérieur ou supprimez l’ancre qui suit.</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished">Durée</translation>
+        <translation>Durée</translation>
     </message>
     <message>
         <source>Recover unsaved changes to %1 from %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>Récupérer les modifications non enregistrées de %1 du %2&#xa0;?</translation>
     </message>
     <message>
         <source>Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>Récupérer</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Abandonner</translation>
     </message>
     <message>
         <source>Recover Unsaved Changes</source>
-        <translation type="unfinished"></translation>
+        <translation>Récupérer les modifications non enregistrées</translation>
     </message>
     <message>
         <source>Replace All</source>
-        <translation type="unfinished">Tout remplacer</translation>
+        <translation>Tout remplacer</translation>
     </message>
     <message>
         <source>Add Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter une ligne</translation>
     </message>
     <message>
         <source>Delete Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Supprimer la ligne</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n Lines</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Supprimer %n ligne</numerusform>
+            <numerusform>Supprimer %n lignes</numerusform>
         </translation>
     </message>
     <message>
         <source>Adjust Durations</source>
-        <translation type="unfinished">Ajuster les durées</translation>
+        <translation>Ajuster les durées</translation>
     </message>
     <message>
         <source>Tap2Sync</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync</translation>
     </message>
     <message>
         <source>Fix</source>
-        <translation type="unfinished">Fixer</translation>
+        <translation>Fixer</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished">Décaler</translation>
+        <translation>Décaler</translation>
     </message>
     <message>
         <source>Fix Single Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Fixer une seule ligne</translation>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Début</translation>
     </message>
 </context>
 <context>
     <name>CueListEditor</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Modification</translation>
     </message>
     <message>
         <source>Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler %1</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir %1</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir</translation>
     </message>
 </context>
 <context>
@@ -562,51 +562,51 @@
     <name>EmbedOptionsDialog</name>
     <message>
         <source>Embedding Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Options d’intégration</translation>
     </message>
     <message>
         <source>Embed Subtitles into “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Intégrer les sous-titres dans «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>The ticked tracks go into a new movie, “%1”, with the movie&apos;s picture and sound. When it is complete it takes the movie&apos;s place, and the original movie is kept beside it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les pistes cochées sont placées, avec l’image et le son du film, dans un nouveau film, «&#xa0;%1&#xa0;». Une fois terminé, il prend la place du film, et le film d’origine est conservé à côté.</translation>
     </message>
     <message>
         <source>Embed</source>
-        <translation type="unfinished"></translation>
+        <translation>Intégrer</translation>
     </message>
     <message>
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Langue</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Source</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Emplacement</translation>
     </message>
     <message>
         <source>Chapter Marks</source>
-        <translation type="unfinished">Marques de chapitre</translation>
+        <translation>Marques de chapitre</translation>
     </message>
     <message>
         <source>There are no subtitle files beside the movie and no text tracks in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Il n’y a aucun fichier de sous-titres à côté du film ni aucune piste de texte dans le film.</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Annuler</translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>File beside the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Fichier à côté du film</translation>
     </message>
     <message>
         <source>Track in the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Piste du film</translation>
     </message>
 </context>
 <context>
@@ -634,9 +634,9 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     </message>
     <message numerus="yes">
         <source>%n track(s) could not be read completely.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n piste n’a pas pu être lue entièrement.</numerusform>
+            <numerusform>%n pistes n’ont pas pu être lues entièrement.</numerusform>
         </translation>
     </message>
 </context>
@@ -644,158 +644,162 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> s</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Préférences</translation>
     </message>
     <message>
         <source>Subtitle Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Fichiers de sous-titres</translation>
     </message>
     <message>
         <source>Read files in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire les fichiers en&#xa0;:</translation>
     </message>
     <message>
         <source>“Automatic” recognises the encoding of each file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;Automatique&#xa0;» reconnaît l’encodage de chaque fichier.</translation>
     </message>
     <message>
         <source>Same as for reading</source>
-        <translation type="unfinished"></translation>
+        <translation>Comme pour la lecture</translation>
     </message>
     <message>
         <source>Export in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Exporter en&#xa0;:</translation>
     </message>
     <message>
         <source>The export window starts with this encoding
 and remembers what you choose there.</source>
-        <translation type="unfinished"></translation>
+        <translation>La fenêtre d’exportation démarre avec cet encodage
+et retient ce que vous y choisissez.</translation>
     </message>
     <message>
         <source>Interface Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Langue de l’interface</translation>
     </message>
     <message>
         <source>Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>Langue&#xa0;:</translation>
     </message>
     <message>
         <source>List languages without their region</source>
-        <translation type="unfinished"></translation>
+        <translation>Lister les langues sans leur région</translation>
     </message>
     <message>
         <source>A new interface language applies the next time Captora starts.
 The language also decides which subtitle file of a movie opens first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Une nouvelle langue d’interface s’applique au prochain démarrage de Captora.
+La langue détermine aussi quel fichier de sous-titres d’un film s’ouvre en premier.</translation>
     </message>
     <message>
         <source>Timing</source>
-        <translation type="unfinished"></translation>
+        <translation>Synchronisation</translation>
     </message>
     <message>
         <source>Tap2Sync rewinds by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync recule de&#xa0;:</translation>
     </message>
     <message>
         <source>Tap2Sync reaction time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Temps de réaction pour Tap2Sync&#xa0;:</translation>
     </message>
     <message>
         <source>A tap fixes the line at the playing time
 minus your reaction time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Un appui fixe la ligne au temps de lecture
+moins votre temps de réaction.</translation>
     </message>
     <message>
         <source> characters per second</source>
-        <translation type="unfinished"></translation>
+        <translation> caractères par seconde</translation>
     </message>
     <message>
         <source>Reading speed limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>Vitesse de lecture maximale&#xa0;:</translation>
     </message>
     <message>
         <source>Saving and Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrement et lecture</translation>
     </message>
     <message>
         <source> seconds</source>
-        <translation type="unfinished"></translation>
+        <translation> secondes</translation>
     </message>
     <message>
         <source>Autosave every:</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer automatiquement toutes les&#xa0;:</translation>
     </message>
     <message>
         <source>libmpv, then libVLC</source>
-        <translation type="unfinished"></translation>
+        <translation>libmpv, puis libVLC</translation>
     </message>
     <message>
         <source>libVLC, then libmpv</source>
-        <translation type="unfinished"></translation>
+        <translation>libVLC, puis libmpv</translation>
     </message>
     <message>
         <source>Play movies with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Lire les films avec&#xa0;:</translation>
     </message>
     <message>
         <source>Subtitles can be embedded into and extracted from movies that libmpv plays.
 The player applies to the next movie you open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Les sous-titres peuvent être intégrés aux films que libmpv lit, et extraits de ceux-ci.
+Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     </message>
 </context>
 <context>
     <name>ProgressWindow</name>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Tâches</translation>
     </message>
     <message>
         <source>No tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucune tâche</translation>
     </message>
     <message>
         <source>Clear Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Effacer les tâches terminées</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Annuler</translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished"></translation>
+        <translation>Afficher</translation>
     </message>
     <message>
         <source>Open the folder of the file this task wrote</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir le dossier du fichier écrit par cette tâche</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>En attente</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Échec</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation type="unfinished"></translation>
+        <translation>Terminée</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>Annulée</translation>
     </message>
     <message>
         <source>Working…</source>
-        <translation type="unfinished"></translation>
+        <translation>En cours…</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -1048,130 +1052,130 @@ The player applies to the next movie you open.</source>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuler</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Rétablir</translation>
     </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
     <message>
         <source>Open Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>Ouvrir un fichier récent</translation>
     </message>
     <message>
         <source>%1 — %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 — %2</translation>
     </message>
     <message>
         <source>Clear Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Effacer le menu</translation>
     </message>
 </context>
 <context>
     <name>SubtitleSalvage</name>
     <message>
         <source>found no cue</source>
-        <translation type="unfinished"></translation>
+        <translation>n’a trouvé aucune entrée</translation>
     </message>
     <message>
         <source>found no [Events] section</source>
-        <translation type="unfinished"></translation>
+        <translation>n’a trouvé aucune section [Events]</translation>
     </message>
     <message>
         <source>found no Start, End and Text in its Format line</source>
-        <translation type="unfinished"></translation>
+        <translation>n’a trouvé ni Start, ni End, ni Text dans sa ligne Format</translation>
     </message>
     <message>
         <source>found no Format line under [Events]</source>
-        <translation type="unfinished"></translation>
+        <translation>n’a trouvé aucune ligne Format sous [Events]</translation>
     </message>
     <message>
         <source>found no Dialogue line</source>
-        <translation type="unfinished"></translation>
+        <translation>n’a trouvé aucune ligne Dialogue</translation>
     </message>
     <message>
         <source>No reader accepts this subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aucun lecteur n’accepte ce fichier de sous-titres.</translation>
     </message>
     <message>
         <source>%1 stopped at line %2: “%3”</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 s’est arrêté à la ligne %2&#xa0;: «&#xa0;%3&#xa0;»</translation>
     </message>
     <message>
         <source>%1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2.</translation>
     </message>
     <message numerus="yes">
         <source>Read as %1, leaving out %n line(s) it cannot place. Saving writes a clean file.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Lu comme %1, sans %n ligne impossible à placer. L’enregistrement écrit un fichier propre.</numerusform>
+            <numerusform>Lu comme %1, sans %n lignes impossibles à placer. L’enregistrement écrit un fichier propre.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Load the %n lines that could be read</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Charger la %n ligne lisible</numerusform>
+            <numerusform>Charger les %n lignes lisibles</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Annuler</translation>
+        <translation>Annuler</translation>
     </message>
 </context>
 <context>
     <name>Unzipper</name>
     <message>
         <source>“%1” was not unpacked: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas été décompressé&#xa0;: %2</translation>
     </message>
     <message>
         <source>The download is not a readable zip archive.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le téléchargement n’est pas une archive zip lisible.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: it has more than %1 files.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive n’a pas été décompressée&#xa0;: elle contient plus de %1 fichiers.</translation>
     </message>
     <message>
         <source>The archive is damaged and was not unpacked.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive est endommagée et n’a pas été décompressée.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: its files would take more than %1 MB.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive n’a pas été décompressée&#xa0;: ses fichiers occuperaient plus de %1 Mo.</translation>
     </message>
     <message>
         <source>a file of that name was unpacked already</source>
-        <translation type="unfinished"></translation>
+        <translation>un fichier de ce nom a déjà été décompressé</translation>
     </message>
     <message>
         <source>its data is damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>ses données sont endommagées</translation>
     </message>
     <message>
         <source>The archive could not be unpacked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive n’a pas pu être décompressée&#xa0;: %1</translation>
     </message>
     <message>
         <source>its name is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>son nom est trop long</translation>
     </message>
     <message>
         <source>its name leads outside the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>son nom mène hors du dossier</translation>
     </message>
     <message>
         <source>it is a symbolic link</source>
-        <translation type="unfinished"></translation>
+        <translation>c’est un lien symbolique</translation>
     </message>
     <message>
         <source>it is protected by a password, which Captora does not support</source>
-        <translation type="unfinished"></translation>
+        <translation>il est protégé par un mot de passe, ce que Captora ne prend pas en charge</translation>
     </message>
 </context>
 <context>
@@ -1313,19 +1317,19 @@ The player applies to the next movie you open.</source>
     <name>VHLanguagePopUpButton</name>
     <message>
         <source>Add more languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter d’autres langues</translation>
     </message>
     <message>
         <source>Captora offers the languages your desktop prefers. Add languages in your desktop&apos;s region and language settings, or list them in the LANGUAGE environment variable (for example LANGUAGE=de:fr:en), and start Captora again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora propose les langues que votre bureau préfère. Ajoutez des langues dans les réglages de région et de langue de votre bureau, ou indiquez-les dans la variable d’environnement LANGUAGE (par exemple LANGUAGE=de:fr:en), puis redémarrez Captora.</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished">langue inconnue</translation>
+        <translation>langue inconnue</translation>
     </message>
     <message>
         <source>Add more languages ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajouter d’autres langues...</translation>
     </message>
 </context>
 <context>
@@ -1400,63 +1404,63 @@ Voulez-vous continuer&#xa0;?</translation>
     <name>VHWebSearchController</name>
     <message>
         <source>Download Subtitles via Web Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Télécharger des sous-titres par une recherche sur le Web</translation>
     </message>
     <message>
         <source>Movie or series name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nom du film ou de la série</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Fermer</translation>
+        <translation>Fermer</translation>
     </message>
     <message>
         <source>Your Engines</source>
-        <translation type="unfinished"></translation>
+        <translation>Vos moteurs</translation>
     </message>
     <message>
         <source>“%1” is neither a subtitle file nor an archive; it was not downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» n’est ni un fichier de sous-titres ni une archive&#xa0;; il n’a pas été téléchargé.</translation>
     </message>
     <message>
         <source>“%1” could not be downloaded: there is no temporary folder for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» n’a pas pu être téléchargé&#xa0;: il n’y a pas de dossier temporaire pour lui.</translation>
     </message>
     <message>
         <source>Downloading “%1”…</source>
-        <translation type="unfinished"></translation>
+        <translation>Téléchargement de «&#xa0;%1&#xa0;»…</translation>
     </message>
     <message>
         <source>Unpacked “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» décompressé.</translation>
     </message>
     <message>
         <source>Downloaded “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» téléchargé.</translation>
     </message>
     <message>
         <source>The download of “%1” failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Le téléchargement de «&#xa0;%1&#xa0;» a échoué&#xa0;: %2</translation>
     </message>
     <message>
         <source>Save RAR Archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Enregistrer l’archive RAR</translation>
     </message>
     <message>
         <source>RAR archives (*.rar)</source>
-        <translation type="unfinished"></translation>
+        <translation>Archives RAR (*.rar)</translation>
     </message>
     <message>
         <source>The RAR archive “%1” was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive RAR «&#xa0;%1&#xa0;» n’a pas été enregistrée.</translation>
     </message>
     <message>
         <source>The RAR archive could not be saved at “%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>L’archive RAR n’a pas pu être enregistrée à l’emplacement «&#xa0;%1&#xa0;»&#xa0;: %2</translation>
     </message>
     <message>
         <source>Saved “%1”. Captora cannot unpack RAR archives: unpack it with an archive manager and open the subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«&#xa0;%1&#xa0;» enregistré. Captora ne peut pas décompresser les archives RAR&#xa0;: décompressez-la avec un gestionnaire d’archives et ouvrez le fichier de sous-titres.</translation>
     </message>
 </context>
 <context>

@@ -5,75 +5,75 @@
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
-        <translation type="unfinished"></translation>
+        <translation>Субтитры изменились с тех пор, как были встроены в фильм.</translation>
     </message>
     <message>
         <source>Find and Replace</source>
-        <translation type="unfinished"></translation>
+        <translation>Найти и заменить</translation>
     </message>
     <message>
         <source>Preferences…</source>
-        <translation type="unfinished"></translation>
+        <translation>Настройки…</translation>
     </message>
     <message>
         <source>&amp;Window</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Окно</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Задачи</translation>
     </message>
     <message>
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Справка</translation>
     </message>
     <message>
         <source>Reset Messages</source>
-        <translation type="unfinished"></translation>
+        <translation>Сбросить сообщения</translation>
     </message>
     <message>
         <source>Show the disclaimer and the Tap2Sync explanation again</source>
-        <translation type="unfinished"></translation>
+        <translation>Снова показать предупреждение и объяснение Tap2Sync</translation>
     </message>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>О программе %1</translation>
     </message>
     <message>
         <source>Disclaimer</source>
-        <translation type="unfinished"></translation>
+        <translation>Предупреждение</translation>
     </message>
     <message>
         <source>Studios can protect a Movie&apos;s/TV-show&apos;s dialog and translations with a copyright. For those movies/TV-shows creating or downloading a subtitle infringes copyright law.</source>
-        <translation type="unfinished"></translation>
+        <translation>Студии могут защищать диалоги и переводы фильмов и сериалов авторским правом. Для таких фильмов и сериалов создание или скачивание субтитров нарушает закон об авторском праве.</translation>
     </message>
     <message>
         <source>Understood</source>
-        <translation type="unfinished">Понятно</translation>
+        <translation>Понятно</translation>
     </message>
     <message>
         <source>Quit</source>
-        <translation type="unfinished">Выйти</translation>
+        <translation>Выйти</translation>
     </message>
     <message>
         <source>Captora is still working.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora ещё работает.</translation>
     </message>
     <message>
         <source>%1 has not finished. Quitting now would lose its work. Stop it and quit when it has stopped, or let it finish?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ещё не завершено: %1. Если выйти сейчас, эта работа будет потеряна. Остановить и выйти после остановки или дать завершиться?</translation>
     </message>
     <message>
         <source>Stop and Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>Остановить и выйти</translation>
     </message>
     <message>
         <source>Keep Working</source>
-        <translation type="unfinished"></translation>
+        <translation>Продолжить работу</translation>
     </message>
     <message>
         <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Редактор субтитров для исправления тайминга субтитров по фильму.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -441,106 +441,106 @@
     </message>
     <message>
         <source>Typing</source>
-        <translation type="unfinished"></translation>
+        <translation>Ввод текста</translation>
     </message>
     <message>
         <source>Forced</source>
-        <translation type="unfinished">Принудительный</translation>
+        <translation>Принудительный</translation>
     </message>
     <message>
         <source>This change leaves the lines after it no room before the next anchor.</source>
-        <translation type="unfinished"></translation>
+        <translation>После этого изменения строкам за ним не остаётся места до следующей привязки.</translation>
     </message>
     <message>
         <source>It was taken back. Choose an earlier time, or remove the anchor after it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение отменено. Выберите более раннее время или удалите следующую привязку.</translation>
     </message>
     <message>
         <source>Duration</source>
-        <translation type="unfinished">Длительность</translation>
+        <translation>Длительность</translation>
     </message>
     <message>
         <source>Recover unsaved changes to %1 from %2?</source>
-        <translation type="unfinished"></translation>
+        <translation>Восстановить несохранённые изменения в %1 от %2?</translation>
     </message>
     <message>
         <source>Recover</source>
-        <translation type="unfinished"></translation>
+        <translation>Восстановить</translation>
     </message>
     <message>
         <source>Discard</source>
-        <translation type="unfinished"></translation>
+        <translation>Отбросить</translation>
     </message>
     <message>
         <source>Recover Unsaved Changes</source>
-        <translation type="unfinished"></translation>
+        <translation>Восстановление несохранённых изменений</translation>
     </message>
     <message>
         <source>Replace All</source>
-        <translation type="unfinished">Заменить все</translation>
+        <translation>Заменить все</translation>
     </message>
     <message>
         <source>Add Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить строку</translation>
     </message>
     <message>
         <source>Delete Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить строку</translation>
     </message>
     <message numerus="yes">
         <source>Delete %n Lines</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Удалить %n строку</numerusform>
+            <numerusform>Удалить %n строки</numerusform>
+            <numerusform>Удалить %n строк</numerusform>
         </translation>
     </message>
     <message>
         <source>Adjust Durations</source>
-        <translation type="unfinished">Настройка длительности</translation>
+        <translation>Настройка длительности</translation>
     </message>
     <message>
         <source>Tap2Sync</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync</translation>
     </message>
     <message>
         <source>Fix</source>
-        <translation type="unfinished">Закрепить</translation>
+        <translation>Закрепить</translation>
     </message>
     <message>
         <source>Shift</source>
-        <translation type="unfinished">Сдвинуть</translation>
+        <translation>Сдвинуть</translation>
     </message>
     <message>
         <source>Fix Single Line</source>
-        <translation type="unfinished"></translation>
+        <translation>Закрепить только одну строку</translation>
     </message>
     <message>
         <source>Start Time</source>
-        <translation type="unfinished"></translation>
+        <translation>Время начала</translation>
     </message>
 </context>
 <context>
     <name>CueListEditor</name>
     <message>
         <source>Change</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение</translation>
     </message>
     <message>
         <source>Undo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменить: %1</translation>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменить</translation>
     </message>
     <message>
         <source>Redo %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Повторить: %1</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Повторить</translation>
     </message>
 </context>
 <context>
@@ -567,51 +567,51 @@
     <name>EmbedOptionsDialog</name>
     <message>
         <source>Embedding Options</source>
-        <translation type="unfinished"></translation>
+        <translation>Параметры встраивания</translation>
     </message>
     <message>
         <source>Embed Subtitles into “%1”</source>
-        <translation type="unfinished"></translation>
+        <translation>Встроить субтитры в «%1»</translation>
     </message>
     <message>
         <source>The ticked tracks go into a new movie, “%1”, with the movie&apos;s picture and sound. When it is complete it takes the movie&apos;s place, and the original movie is kept beside it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Отмеченные дорожки вместе с изображением и звуком фильма попадут в новый фильм «%1». Когда он будет готов, он займёт место фильма, а исходный фильм сохранится рядом.</translation>
     </message>
     <message>
         <source>Embed</source>
-        <translation type="unfinished"></translation>
+        <translation>Встроить</translation>
     </message>
     <message>
         <source>Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Источник</translation>
     </message>
     <message>
         <source>Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Расположение</translation>
     </message>
     <message>
         <source>Chapter Marks</source>
-        <translation type="unfinished">Метки глав</translation>
+        <translation>Метки глав</translation>
     </message>
     <message>
         <source>There are no subtitle files beside the movie and no text tracks in it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Рядом с фильмом нет файлов субтитров, а в самом фильме нет текстовых дорожек.</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Отмена</translation>
+        <translation>Отмена</translation>
     </message>
     <message>
         <source>File beside the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл рядом с фильмом</translation>
     </message>
     <message>
         <source>Track in the movie</source>
-        <translation type="unfinished"></translation>
+        <translation>Дорожка в фильме</translation>
     </message>
 </context>
 <context>
@@ -639,10 +639,10 @@ Please Open this folder in the upcoming window. (Make sure you have write permis
     </message>
     <message numerus="yes">
         <source>%n track(s) could not be read completely.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Не удалось полностью прочитать %n дорожку.</numerusform>
+            <numerusform>Не удалось полностью прочитать %n дорожки.</numerusform>
+            <numerusform>Не удалось полностью прочитать %n дорожек.</numerusform>
         </translation>
     </message>
 </context>
@@ -650,158 +650,162 @@ Please Open this folder in the upcoming window. (Make sure you have write permis
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>
-        <translation type="unfinished"></translation>
+        <translation> с</translation>
     </message>
     <message>
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>Настройки</translation>
     </message>
     <message>
         <source>Subtitle Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Файлы субтитров</translation>
     </message>
     <message>
         <source>Read files in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Читать файлы в кодировке:</translation>
     </message>
     <message>
         <source>“Automatic” recognises the encoding of each file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«Автоматически» — кодировка каждого файла определяется сама.</translation>
     </message>
     <message>
         <source>Same as for reading</source>
-        <translation type="unfinished"></translation>
+        <translation>Как при чтении</translation>
     </message>
     <message>
         <source>Export in:</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать в кодировке:</translation>
     </message>
     <message>
         <source>The export window starts with this encoding
 and remembers what you choose there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Окно экспорта открывается с этой кодировкой
+и запоминает то, что вы в нём выберете.</translation>
     </message>
     <message>
         <source>Interface Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык интерфейса</translation>
     </message>
     <message>
         <source>Language:</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык:</translation>
     </message>
     <message>
         <source>List languages without their region</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать языки без региона</translation>
     </message>
     <message>
         <source>A new interface language applies the next time Captora starts.
 The language also decides which subtitle file of a movie opens first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Новый язык интерфейса начнёт действовать при следующем запуске Captora.
+Язык также определяет, какой файл субтитров фильма открывается первым.</translation>
     </message>
     <message>
         <source>Timing</source>
-        <translation type="unfinished"></translation>
+        <translation>Тайминг</translation>
     </message>
     <message>
         <source>Tap2Sync rewinds by:</source>
-        <translation type="unfinished"></translation>
+        <translation>Tap2Sync перематывает назад на:</translation>
     </message>
     <message>
         <source>Tap2Sync reaction time:</source>
-        <translation type="unfinished"></translation>
+        <translation>Время реакции для Tap2Sync:</translation>
     </message>
     <message>
         <source>A tap fixes the line at the playing time
 minus your reaction time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Нажатие закрепляет строку на времени воспроизведения
+за вычетом вашего времени реакции.</translation>
     </message>
     <message>
         <source> characters per second</source>
-        <translation type="unfinished"></translation>
+        <translation> символов в секунду</translation>
     </message>
     <message>
         <source>Reading speed limit:</source>
-        <translation type="unfinished"></translation>
+        <translation>Предел скорости чтения:</translation>
     </message>
     <message>
         <source>Saving and Playing</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранение и воспроизведение</translation>
     </message>
     <message>
         <source> seconds</source>
-        <translation type="unfinished"></translation>
+        <translation> с</translation>
     </message>
     <message>
         <source>Autosave every:</source>
-        <translation type="unfinished"></translation>
+        <translation>Автосохранение каждые:</translation>
     </message>
     <message>
         <source>libmpv, then libVLC</source>
-        <translation type="unfinished"></translation>
+        <translation>libmpv, затем libVLC</translation>
     </message>
     <message>
         <source>libVLC, then libmpv</source>
-        <translation type="unfinished"></translation>
+        <translation>libVLC, затем libmpv</translation>
     </message>
     <message>
         <source>Play movies with:</source>
-        <translation type="unfinished"></translation>
+        <translation>Воспроизводить фильмы через:</translation>
     </message>
     <message>
         <source>Subtitles can be embedded into and extracted from movies that libmpv plays.
 The player applies to the next movie you open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Субтитры можно встраивать в фильмы, которые воспроизводит libmpv, и извлекать из них.
+Проигрыватель будет использован для следующего открытого фильма.</translation>
     </message>
 </context>
 <context>
     <name>ProgressWindow</name>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Задачи</translation>
     </message>
     <message>
         <source>No tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет задач</translation>
     </message>
     <message>
         <source>Clear Finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Убрать завершённые</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Отмена</translation>
+        <translation>Отмена</translation>
     </message>
     <message>
         <source>Show</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать</translation>
     </message>
     <message>
         <source>Open the folder of the file this task wrote</source>
-        <translation type="unfinished"></translation>
+        <translation>Открыть папку файла, записанного этой задачей</translation>
     </message>
     <message>
         <source>Waiting</source>
-        <translation type="unfinished"></translation>
+        <translation>Ожидание</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка</translation>
     </message>
     <message>
         <source>Done</source>
-        <translation type="unfinished"></translation>
+        <translation>Готово</translation>
     </message>
     <message>
         <source>Cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменено</translation>
     </message>
     <message>
         <source>Working…</source>
-        <translation type="unfinished"></translation>
+        <translation>Выполняется…</translation>
     </message>
     <message>
         <source>%1 %</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %</translation>
     </message>
 </context>
 <context>
@@ -1054,132 +1058,132 @@ The player applies to the next movie you open.</source>
     </message>
     <message>
         <source>Undo</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменить</translation>
     </message>
     <message>
         <source>Redo</source>
-        <translation type="unfinished"></translation>
+        <translation>Повторить</translation>
     </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
     <message>
         <source>Open Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>Недавние файлы</translation>
     </message>
     <message>
         <source>%1 — %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 — %2</translation>
     </message>
     <message>
         <source>Clear Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Очистить меню</translation>
     </message>
 </context>
 <context>
     <name>SubtitleSalvage</name>
     <message>
         <source>found no cue</source>
-        <translation type="unfinished"></translation>
+        <translation>не нашёл ни одной записи</translation>
     </message>
     <message>
         <source>found no [Events] section</source>
-        <translation type="unfinished"></translation>
+        <translation>не нашёл раздел [Events]</translation>
     </message>
     <message>
         <source>found no Start, End and Text in its Format line</source>
-        <translation type="unfinished"></translation>
+        <translation>не нашёл Start, End и Text в строке Format</translation>
     </message>
     <message>
         <source>found no Format line under [Events]</source>
-        <translation type="unfinished"></translation>
+        <translation>не нашёл строку Format в разделе [Events]</translation>
     </message>
     <message>
         <source>found no Dialogue line</source>
-        <translation type="unfinished"></translation>
+        <translation>не нашёл ни одной строки Dialogue</translation>
     </message>
     <message>
         <source>No reader accepts this subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ни одно средство чтения не принимает этот файл субтитров.</translation>
     </message>
     <message>
         <source>%1 stopped at line %2: “%3”</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 остановился на строке %2: «%3»</translation>
     </message>
     <message>
         <source>%1 %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 %2.</translation>
     </message>
     <message numerus="yes">
         <source>Read as %1, leaving out %n line(s) it cannot place. Saving writes a clean file.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Прочитано как %1, без %n строки, которую не удаётся разместить. При сохранении записывается чистый файл.</numerusform>
+            <numerusform>Прочитано как %1, без %n строк, которые не удаётся разместить. При сохранении записывается чистый файл.</numerusform>
+            <numerusform>Прочитано как %1, без %n строк, которые не удаётся разместить. При сохранении записывается чистый файл.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>Load the %n lines that could be read</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>Загрузить %n прочитанную строку</numerusform>
+            <numerusform>Загрузить %n прочитанные строки</numerusform>
+            <numerusform>Загрузить %n прочитанных строк</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Отмена</translation>
+        <translation>Отмена</translation>
     </message>
 </context>
 <context>
     <name>Unzipper</name>
     <message>
         <source>“%1” was not unpacked: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не распакован: %2</translation>
     </message>
     <message>
         <source>The download is not a readable zip archive.</source>
-        <translation type="unfinished"></translation>
+        <translation>Загруженный файл не является читаемым zip-архивом.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: it has more than %1 files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив не распакован: в нём больше %1 файлов.</translation>
     </message>
     <message>
         <source>The archive is damaged and was not unpacked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив повреждён и не был распакован.</translation>
     </message>
     <message>
         <source>The archive was not unpacked: its files would take more than %1 MB.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив не распакован: его файлы заняли бы больше %1 МБ.</translation>
     </message>
     <message>
         <source>a file of that name was unpacked already</source>
-        <translation type="unfinished"></translation>
+        <translation>файл с таким именем уже был распакован</translation>
     </message>
     <message>
         <source>its data is damaged</source>
-        <translation type="unfinished"></translation>
+        <translation>его данные повреждены</translation>
     </message>
     <message>
         <source>The archive could not be unpacked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось распаковать архив: %1</translation>
     </message>
     <message>
         <source>its name is too long</source>
-        <translation type="unfinished"></translation>
+        <translation>его имя слишком длинное</translation>
     </message>
     <message>
         <source>its name leads outside the folder</source>
-        <translation type="unfinished"></translation>
+        <translation>его имя ведёт за пределы папки</translation>
     </message>
     <message>
         <source>it is a symbolic link</source>
-        <translation type="unfinished"></translation>
+        <translation>это символическая ссылка</translation>
     </message>
     <message>
         <source>it is protected by a password, which Captora does not support</source>
-        <translation type="unfinished"></translation>
+        <translation>он защищён паролем, а Captora это не поддерживает</translation>
     </message>
 </context>
 <context>
@@ -1321,19 +1325,19 @@ The player applies to the next movie you open.</source>
     <name>VHLanguagePopUpButton</name>
     <message>
         <source>Add more languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить другие языки</translation>
     </message>
     <message>
         <source>Captora offers the languages your desktop prefers. Add languages in your desktop&apos;s region and language settings, or list them in the LANGUAGE environment variable (for example LANGUAGE=de:fr:en), and start Captora again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Captora предлагает языки, которые предпочитает ваш рабочий стол. Добавьте языки в настройках региона и языка рабочего стола или перечислите их в переменной окружения LANGUAGE (например, LANGUAGE=de:fr:en) и перезапустите Captora.</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished">неизвестный язык</translation>
+        <translation>неизвестный язык</translation>
     </message>
     <message>
         <source>Add more languages ...</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить другие языки...</translation>
     </message>
 </context>
 <context>
@@ -1408,63 +1412,63 @@ Do you want to continue?</source>
     <name>VHWebSearchController</name>
     <message>
         <source>Download Subtitles via Web Search</source>
-        <translation type="unfinished"></translation>
+        <translation>Скачать субтитры через веб-поиск</translation>
     </message>
     <message>
         <source>Movie or series name</source>
-        <translation type="unfinished"></translation>
+        <translation>Название фильма или сериала</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished">Закрыть</translation>
+        <translation>Закрыть</translation>
     </message>
     <message>
         <source>Your Engines</source>
-        <translation type="unfinished"></translation>
+        <translation>Ваши поисковые системы</translation>
     </message>
     <message>
         <source>“%1” is neither a subtitle file nor an archive; it was not downloaded.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не является ни файлом субтитров, ни архивом; он не был скачан.</translation>
     </message>
     <message>
         <source>“%1” could not be downloaded: there is no temporary folder for it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось скачать «%1»: для него нет временной папки.</translation>
     </message>
     <message>
         <source>Downloading “%1”…</source>
-        <translation type="unfinished"></translation>
+        <translation>Скачивание «%1»…</translation>
     </message>
     <message>
         <source>Unpacked “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» распакован.</translation>
     </message>
     <message>
         <source>Downloaded “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» скачан.</translation>
     </message>
     <message>
         <source>The download of “%1” failed: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось скачать «%1»: %2</translation>
     </message>
     <message>
         <source>Save RAR Archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранить архив RAR</translation>
     </message>
     <message>
         <source>RAR archives (*.rar)</source>
-        <translation type="unfinished"></translation>
+        <translation>Архивы RAR (*.rar)</translation>
     </message>
     <message>
         <source>The RAR archive “%1” was not saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив RAR «%1» не был сохранён.</translation>
     </message>
     <message>
         <source>The RAR archive could not be saved at “%1”: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось сохранить архив RAR в «%1»: %2</translation>
     </message>
     <message>
         <source>Saved “%1”. Captora cannot unpack RAR archives: unpack it with an archive manager and open the subtitle file.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» сохранён. Captora не умеет распаковывать архивы RAR: распакуйте его менеджером архивов и откройте файл субтитров.</translation>
     </message>
 </context>
 <context>
