@@ -27,9 +27,9 @@ public:
     // "+0.00s" / "-0.00s".
     static QString formattedShift(double seconds);
 
-    std::function<void()> onTap;          // space in Tap2Sync
-    std::function<void()> onEscape;       // Escape
-    std::function<void()> onResignFocus;  // the focus left the control
+    std::function<void()> onTap;         // space in Tap2Sync
+    std::function<void()> onEscape;      // Escape
+    std::function<void()> onResignFocus; // the focus left the control
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

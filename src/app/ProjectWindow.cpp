@@ -190,7 +190,8 @@ QWidget *ProjectWindow::buildMovieSide()
         button->setFocusPolicy(Qt::NoFocus);
         button->setEnabled(false);
         button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"+5"_s) + 24);
-        connect(button, &QPushButton::clicked, this, [this, command = stepCommands[i]] { runCommand(command); });
+        connect(button, &QPushButton::clicked, this,
+                [this, command = stepCommands[i]] { runCommand(command); });
         bar->addWidget(button);
         m_stepButtons << button;
     }
@@ -365,10 +366,11 @@ QWidget *ProjectWindow::buildEditorSide()
 
 void ProjectWindow::observeProject()
 {
-    m_projectKeys = m_project->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
-        if (change == Observable::Change::Did)
-            projectKeyChanged(key);
-    });
+    m_projectKeys =
+        m_project->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
+            if (change == Observable::Change::Did)
+                projectKeyChanged(key);
+        });
 }
 
 void ProjectWindow::projectKeyChanged(const QString &key)
@@ -441,7 +443,8 @@ void ProjectWindow::refreshEditorFields()
             field->setText(text);
     };
     setField(m_startField, current ? VHTimeValueTransformer::stringForTime(m_project->start()) : QString());
-    setField(m_durationField, current ? VHTimeValueTransformer::stringForTime(m_project->duration()) : QString());
+    setField(m_durationField,
+             current ? VHTimeValueTransformer::stringForTime(m_project->duration()) : QString());
     const QString text = current ? m_project->subtitleText() : QString();
     if (m_textField->toPlainText() != text)
         m_textField->setPlainText(text);

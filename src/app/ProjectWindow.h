@@ -56,12 +56,18 @@ public:
     void setPlayers(PlaybackControlFactory factory, PlayerViewOf viewOf);
     // Commands the window cannot run itself ("searchOnline:", "embedSubtitle:",
     // "extractAllSubtitles:") go to this handler.
-    void setCommandHandler(std::function<void(const QString &)> handler) { m_commandHandler = std::move(handler); }
+    void setCommandHandler(std::function<void(const QString &)> handler)
+    {
+        m_commandHandler = std::move(handler);
+    }
     const std::function<void(const QString &)> &commandHandler() const { return m_commandHandler; }
     // Sheets of kinds the window does not know ("EmbedOptions", "WebSearch", ...): the factory
     // makes the dialog; the window shows it modal for itself and reports its end.
     using SheetFactory = std::function<QDialog *(const Sheet &sheet, QWidget *parent)>;
-    void setSheetFactory(const QString &kind, SheetFactory factory) { m_sheetFactories[kind] = std::move(factory); }
+    void setSheetFactory(const QString &kind, SheetFactory factory)
+    {
+        m_sheetFactories[kind] = std::move(factory);
+    }
 
     // Quitting (the Quit command, closing the window) asks this handler when one is set; it
     // decides, and ends with terminateNow() when the program may quit.
@@ -116,7 +122,8 @@ public:
     void beginSheet(const Sheet &sheet) override;
     void endSheet(const Sheet &sheet, int returnCode) override;
     QList<Sheet> attachedSheets() const override;
-    QString runOpenPanel(const QStringList &allowedTypes, bool chooseFolders, const QString &directory) override;
+    QString runOpenPanel(const QStringList &allowedTypes, bool chooseFolders,
+                         const QString &directory) override;
     QString runSavePanel(SavePanelOptions &options) override;
     void setLanguageButton(const QList<LanguageButtonItem> &items, qsizetype selectedIndex) override;
     void beginEditingText(qsizetype row) override;

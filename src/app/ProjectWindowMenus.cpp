@@ -138,8 +138,9 @@ void ProjectWindow::runCommand(const QString &command)
 {
     if (QAction *item = action(command)) {
         const QVariant chapterMenu = item->property("chapterMenu");
-        if (!m_project->validateMenuItem(command, chapterMenu.isValid() ? std::optional<bool>(chapterMenu.toBool())
-                                                                         : std::nullopt)
+        if (!m_project
+                 ->validateMenuItem(command, chapterMenu.isValid() ? std::optional<bool>(chapterMenu.toBool())
+                                                                   : std::nullopt)
                  .enabled)
             return;
     }
@@ -300,8 +301,9 @@ bool ProjectWindow::eventFilter(QObject *watched, QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Shift || key->key() == Qt::Key_Alt) {
             const Qt::KeyboardModifiers modifiers = key->modifiers();
-            m_project->setModifierKeys((modifiers & Qt::ShiftModifier ? CTWindowController::ShiftModifier : 0) |
-                                       (modifiers & Qt::AltModifier ? CTWindowController::OptionModifier : 0));
+            m_project->setModifierKeys(
+                (modifiers & Qt::ShiftModifier ? CTWindowController::ShiftModifier : 0) |
+                (modifiers & Qt::AltModifier ? CTWindowController::OptionModifier : 0));
             m_project->updateFixMode();
         }
     }
@@ -348,7 +350,8 @@ void ProjectWindow::setLanguageButton(const QList<LanguageButtonItem> &items, qs
 
 // --- panels ------------------------------------------------------------------------------------------
 
-QString ProjectWindow::runOpenPanel(const QStringList &allowedTypes, bool chooseFolders, const QString &directory)
+QString ProjectWindow::runOpenPanel(const QStringList &allowedTypes, bool chooseFolders,
+                                    const QString &directory)
 {
     if (openPanelHook)
         return openPanelHook(allowedTypes, chooseFolders, directory);
@@ -412,7 +415,9 @@ QString ProjectWindow::runSavePanel(SavePanelOptions &options)
             grid->addWidget(encoding, row + 1, 1);
             grid->addWidget(lineBreaks, row + 2, 1);
         }
-        auto changedSaveType = [format, allow] { allow({format->currentData().toInt() == 1 ? u"vtt"_s : u"srt"_s}); };
+        auto changedSaveType = [format, allow] {
+            allow({format->currentData().toInt() == 1 ? u"vtt"_s : u"srt"_s});
+        };
         connect(format, &QComboBox::currentIndexChanged, &panel, changedSaveType);
         changedSaveType();
     }
@@ -471,8 +476,9 @@ QDialog *ProjectWindow::makeSheetDialog(const Sheet &sheet)
     form->addRow(buttons);
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     connect(buttons, &QDialogButtonBox::accepted, dialog, [=, this] {
-        const QString message = m_project->startFixDuration(perCharacter->value(), minimum->value(), maximum->value(),
-                                                            gap->value(), onlySelected->isChecked());
+        const QString message =
+            m_project->startFixDuration(perCharacter->value(), minimum->value(), maximum->value(),
+                                        gap->value(), onlySelected->isChecked());
         if (message.isEmpty())
             dialog->accept();
         else

@@ -2,11 +2,11 @@
 
 #include <QVarLengthArray>
 
-#include <climits>
-#include <cmath>
 #include <algorithm>
 #include <cctype>
 #include <charconv>
+#include <climits>
+#include <cmath>
 
 namespace TimeText {
 
@@ -71,8 +71,8 @@ double leadingDouble(QStringView text)
         value = value * 10 + (text[i].unicode() - u'0');
         ++i;
     }
-    if (i < n && (text[i] == u'.' || text[i] == u'e' || text[i] == u'E' || text[i] == u'+' ||
-                  text[i] == u'-')) {
+    if (i < n &&
+        (text[i] == u'.' || text[i] == u'e' || text[i] == u'E' || text[i] == u'+' || text[i] == u'-')) {
         // Rare forms (signs, decimals, exponents): read the longest number prefix exactly,
         // independent of the C locale.
         QVarLengthArray<char, 64> ascii;
@@ -89,7 +89,8 @@ double leadingDouble(QStringView text)
         if (first == last || !(std::isdigit(static_cast<unsigned char>(*first)) || *first == '.'))
             return 0;
         double parsed = 0;
-        const std::from_chars_result result = std::from_chars(first, last, parsed, std::chars_format::general);
+        const std::from_chars_result result =
+            std::from_chars(first, last, parsed, std::chars_format::general);
         if (result.ec == std::errc::result_out_of_range) {
             // Too large gives infinity, too small gives 0, as reading a number does in C;
             // the sign is applied below either way.

@@ -30,8 +30,7 @@ VHSubtitle::VHSubtitle(const QString &string, double from, double to, bool force
     , m_start(from)
     , m_end(to)
     , m_forced(forced)
-{
-}
+{}
 
 VHSubtitle::~VHSubtitle() = default;
 
@@ -208,12 +207,12 @@ void VHSubtitle::correctSubtitles(SubtitleList &subtitles)
         VHSubtitle &cur = *subtitles[i];
         if (cur.start() < prev.start()) {
             logLine(u"Warning: Correcting subtitle start from %1 to %2"_s.arg(formatedTime(cur.start()),
-                                                                               formatedTime(prev.start())));
+                                                                              formatedTime(prev.start())));
             cur.setStart(prev.start());
         }
         if (prev.end() > cur.start()) {
             logLine(u"Warning: Correcting subtitle end from %1 to %2"_s.arg(formatedTime(prev.end()),
-                                                                             formatedTime(cur.start())));
+                                                                            formatedTime(cur.start())));
             prev.setEnd(cur.start());
         }
         if (cur.end() < cur.start()) {

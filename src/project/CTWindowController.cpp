@@ -719,12 +719,10 @@ void CTWindowController::autosaveTick(qint64 nowMs, double intervalSeconds)
     const quint64 revision = m_editor->revision();
     if (!m_hasChanged || revision == m_copiedRevision) {
         m_changesWaitingSince.reset();
-        m_seenRevision = revision;
         return;
     }
     if (!m_changesWaitingSince)
         m_changesWaitingSince = nowMs;
-    m_seenRevision = revision;
     if (double(nowMs - *m_changesWaitingSince) >= intervalSeconds * 1000)
         writeRecoveryCopy();
 }
@@ -736,6 +734,18 @@ void CTWindowController::removeRecoveryCopy()
     m_recovery->remove(subtitlePath());
     m_copiedRevision = m_editor->revision();
     m_changesWaitingSince.reset();
+}
+
+bool CTWindowController::askToRecover(const RecoveryStore::Copy &copy)
+{
+    Prompt prompt;
+    prompt.message =
+        editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
+            .arg(CTFileHelper::lastPathComponent(copy.path),
+                 QLocale::system().toString(copy.time, QLocale::ShortFormat));
+    prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
+                      editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
+    return Prompter::shared().ask(prompt).button == 0;
 }
 
 void CTWindowController::offerRecoveryOf(const QString &path)
@@ -755,18 +765,9 @@ void CTWindowController::offerRecoveryOf(const QString &path)
         m_recovery->remove(path); // the file was saved after the copy
         return;
     }
-    if (m_recoverWithoutAsking != path) {
-        Prompt prompt;
-        prompt.message =
-            editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
-                .arg(CTFileHelper::lastPathComponent(path),
-                     QLocale::system().toString(copy->time, QLocale::ShortFormat));
-        prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
-                          editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
-        if (Prompter::shared().ask(prompt).button != 0) {
-            m_recovery->remove(path);
-            return;
-        }
+    if (m_recoverWithoutAsking != path && !askToRecover(*copy)) {
+        m_recovery->remove(path);
+        return;
     }
     const std::optional<SubtitleList> cues = RecoveryStore::readCopy(*copy, m_fps, m_movieDuration);
     if (!cues) {
@@ -802,14 +803,7 @@ void CTWindowController::offerRecoveries()
             m_recovery->remove(copy.path);
             continue;
         }
-        Prompt prompt;
-        prompt.message =
-            editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover unsaved changes to %1 from %2?"))
-                .arg(CTFileHelper::lastPathComponent(copy.path),
-                     QLocale::system().toString(copy.time, QLocale::ShortFormat));
-        prompt.buttons = {editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Recover")),
-                          editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Discard"))};
-        if (Prompter::shared().ask(prompt).button != 0) {
+        if (!askToRecover(copy)) {
             m_recovery->remove(copy.path);
             continue;
         }

@@ -4,6 +4,7 @@
 #include "CueListEditor.h"
 #include "NotificationCenter.h"
 #include "Observable.h"
+#include "RecoveryStore.h"
 #include "VHSubtitle.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,6 @@
 #include "ProjectView.h"
 
 class FolderPermissions;
-class RecoveryStore;
 
 // The project: one movie, the subtitle file being edited for it (one language at a time,
 // or the chapter marks), its cues, the selection, the current cue and the playback time.
@@ -39,7 +39,7 @@ class CTWindowController : public Observable, public PlaybackControlDelegate, pr
 public:
     // The ways a fix moves the other cues; the values are stored and compared as numbers.
     enum FixMode : int {
-        NoFixMode = 0, // no current cue
+        NoFixMode = 0,     // no current cue
         FixModeFix = 1,    // stretch between the anchors
         FixModeShift = 2,  // move the run by the same amount
         FixModeSingle = 3, // move the current cue alone
@@ -64,8 +64,8 @@ public:
     const QString &moviePath() const { return m_moviePath; }
     const QString &basePath() const { return m_basePath; }
     void setBasePath(const QString &basePath);
-    QString subtitlePath() const;           // stored as "LastSubtitle"
-    QString visibleSubtitlePath() const;    // the path, or "/" when empty
+    QString subtitlePath() const;        // stored as "LastSubtitle"
+    QString visibleSubtitlePath() const; // the path, or "/" when empty
     bool isChaptermark() const { return m_isChaptermark; }
 
     const SubtitleList &subtitles() const { return m_subtitles; }
@@ -187,7 +187,10 @@ public:
     // Runs a command of the language menu ("loadSubtitle:", "deleteSubtitleFile:", ...).
     // Commands the project cannot run itself (web search, embedding) go to the handler.
     void runLanguageCommand(const QString &command);
-    void setCommandHandler(std::function<void(const QString &)> handler) { m_commandHandler = std::move(handler); }
+    void setCommandHandler(std::function<void(const QString &)> handler)
+    {
+        m_commandHandler = std::move(handler);
+    }
 
     // --- files ---------------------------------------------------------------------------
     void setSubtitlePath(const QString &path);
@@ -226,7 +229,10 @@ public:
     static QStringList movieExtensions();
     // Where controllers of kinds 1 and 2 come from. The window owns what it returns; the
     // project lets a controller go through ProjectView::detachMovieController().
-    void setMovieControllerFactory(PlaybackControlFactory factory) { m_controllerFactory = std::move(factory); }
+    void setMovieControllerFactory(PlaybackControlFactory factory)
+    {
+        m_controllerFactory = std::move(factory);
+    }
     PlaybackControl *movieController() const { return m_player; }
     // Opens a movie: the previous one is closed, the player of kind 1 loads it, and the
     // delegate calls below finish the work (falling back to kind 2 when it cannot).
@@ -245,7 +251,10 @@ public:
     void subtitleExtractorFinished();
     // Runs an extraction of the loaded movie (the media side): subtitles and/or chapter
     // marks, only for files missing beside it; it calls subtitleExtractorFinished() when done.
-    void setExtractionHook(std::function<void(bool subtitles, bool chapters)> hook) { m_extractionHook = std::move(hook); }
+    void setExtractionHook(std::function<void(bool subtitles, bool chapters)> hook)
+    {
+        m_extractionHook = std::move(hook);
+    }
     bool canEmbed() const;
     // Offers to embed edited subtitles before the movie is left; true when embedding started.
     bool willAutoEmbed();
@@ -301,7 +310,8 @@ public:
     // Title and enabled state of a command, as the menus and the CLI show them. `inChapterMenu`
     // says whether the item belongs to the chapter-mark menu rather than the subtitle menu
     // (none: to neither).
-    MenuState validateMenuItem(const QString &command, std::optional<bool> inChapterMenu = std::nullopt) const;
+    MenuState validateMenuItem(const QString &command,
+                               std::optional<bool> inChapterMenu = std::nullopt) const;
     // Counts the movie side reports for the extract command.
     void setExtractableCounts(int subtitleTracks, bool chapterTrack)
     {
@@ -384,11 +394,12 @@ private:
     static QString editTitle(const char *title);
     // Asks whether to recover the copy of the file just opened, if there is a newer one.
     void offerRecoveryOf(const QString &path);
+    // "Recover unsaved changes to … from …?": true for Recover.
+    bool askToRecover(const RecoveryStore::Copy &copy);
     bool recoverFromCopy(const QString &path);
     void removeRecoveryCopy();
     RecoveryStore *m_recovery = nullptr;
     quint64 m_copiedRevision = 0;
-    quint64 m_seenRevision = 0;
     std::optional<qint64> m_changesWaitingSince;
     QStringList m_recoveryOffered;
     QString m_recoverWithoutAsking;

@@ -424,24 +424,33 @@ void CueListEditor::adoptHistory(const QString &path)
 
 // --- undo ------------------------------------------------------------------------------------
 
+void CueListEditor::applyValues(const Operation &operation, bool after)
+{
+    qsizetype first = -1, last = -1;
+    const auto apply = [&](const Change &change) {
+        if (change.row < 0 || change.row >= m_list.size())
+            return;
+        m_list[change.row]->restoreValues(after ? change.after : change.before);
+        first = first < 0 ? change.row : std::min(first, change.row);
+        last = std::max(last, change.row);
+    };
+    // Undone from the last change back to the first.
+    if (after)
+        std::for_each(operation.changes.cbegin(), operation.changes.cend(), apply);
+    else
+        std::for_each(operation.changes.crbegin(), operation.changes.crend(), apply);
+    if (first >= 0) {
+        ++m_revision;
+        announceChanged(first, last);
+    }
+}
+
 void CueListEditor::undoOperation(Operation &operation)
 {
     switch (operation.kind) {
-    case Operation::Values: {
-        qsizetype first = -1, last = -1;
-        for (auto it = operation.changes.rbegin(); it != operation.changes.rend(); ++it) {
-            if (it->row < 0 || it->row >= m_list.size())
-                continue;
-            m_list[it->row]->restoreValues(it->before);
-            first = first < 0 ? it->row : std::min(first, it->row);
-            last = std::max(last, it->row);
-        }
-        if (first >= 0) {
-            ++m_revision;
-            announceChanged(first, last);
-        }
+    case Operation::Values:
+        applyValues(operation, false);
         break;
-    }
     case Operation::Insert: {
         const qsizetype count = std::min(operation.cues.size(), m_list.size() - operation.row);
         operation.cues = m_list.mid(operation.row, count);
@@ -461,21 +470,9 @@ void CueListEditor::undoOperation(Operation &operation)
 void CueListEditor::redoOperation(Operation &operation)
 {
     switch (operation.kind) {
-    case Operation::Values: {
-        qsizetype first = -1, last = -1;
-        for (const Change &change : operation.changes) {
-            if (change.row < 0 || change.row >= m_list.size())
-                continue;
-            m_list[change.row]->restoreValues(change.after);
-            first = first < 0 ? change.row : std::min(first, change.row);
-            last = std::max(last, change.row);
-        }
-        if (first >= 0) {
-            ++m_revision;
-            announceChanged(first, last);
-        }
+    case Operation::Values:
+        applyValues(operation, true);
         break;
-    }
     case Operation::Insert:
         applyInsert(operation.row, operation.cues);
         break;

@@ -166,6 +166,7 @@ private:
     void applyInsert(qsizetype row, const SubtitleList &cues);
     void applyRemove(qsizetype row, qsizetype count);
     void applyReplace(const SubtitleList &list);
+    void applyValues(const Operation &operation, bool after);
     void undoOperation(Operation &operation);
     void redoOperation(Operation &operation);
     void announceChanged(qsizetype first, qsizetype last);

@@ -132,7 +132,8 @@ void CTWindowController::movieFaildLoading()
         if (!why.isEmpty())
             m_movieLoadErrors << why;
     }
-    if (const int fallback = m_firstPlayerKind == 2 ? 1 : 2; !m_moviePath.isEmpty() && m_movieKind != fallback) {
+    if (const int fallback = m_firstPlayerKind == 2 ? 1 : 2;
+        !m_moviePath.isEmpty() && m_movieKind != fallback) {
         prepareMovieController(fallback);
         if (m_player && m_player->loadMovieURL(m_moviePath))
             return; // the fallback player reports back

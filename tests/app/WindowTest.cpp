@@ -38,7 +38,10 @@ namespace {
 class FakePlayer final : public PlaybackControl
 {
 public:
-    explicit FakePlayer(int kind, bool loadable) : m_kind(kind), m_loadable(loadable) {}
+    explicit FakePlayer(int kind, bool loadable)
+        : m_kind(kind)
+        , m_loadable(loadable)
+    {}
     QWidget view;
     PlaybackControlDelegate *delegate = nullptr;
     bool movie = false, playing = false;
@@ -218,7 +221,9 @@ TEST_F(WindowTest, EditorFieldsAndCueFollowEachOther)
     EXPECT_EQ(cue->string(), u"Hello\nthere"_s);
     EXPECT_TRUE(window->project()->hasChanged());
     EXPECT_TRUE(window->isWindowModified());
-    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(0, CueTableModel::TextColumn), Qt::DisplayRole).toString(),
+    EXPECT_EQ(window->cueModel()
+                  ->data(window->cueModel()->index(0, CueTableModel::TextColumn), Qt::DisplayRole)
+                  .toString(),
               u"Hello / there"_s);
 
     window->durationField()->setText(u"00:00:01,500"_s);
@@ -228,7 +233,8 @@ TEST_F(WindowTest, EditorFieldsAndCueFollowEachOther)
     cue->setForced(true); // a change from elsewhere shows in the check box and the table
     window->project()->setSelectionIndices({0});
     EXPECT_EQ(window->forcedBox()->checkState(), Qt::Checked);
-    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(0, CueTableModel::ForcedColumn), Qt::CheckStateRole),
+    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(0, CueTableModel::ForcedColumn),
+                                       Qt::CheckStateRole),
               Qt::Checked);
 }
 
@@ -237,7 +243,9 @@ TEST_F(WindowTest, TheSearchFieldFiltersTheTable)
     openMovieWithSubtitles();
     QTest::keyClicks(window->searchField(), u"HELLO"_s);
     ASSERT_EQ(window->cueModel()->rowCount(), 2);
-    EXPECT_EQ(window->cueModel()->data(window->cueModel()->index(1, CueTableModel::StartColumn), Qt::DisplayRole).toString(),
+    EXPECT_EQ(window->cueModel()
+                  ->data(window->cueModel()->index(1, CueTableModel::StartColumn), Qt::DisplayRole)
+                  .toString(),
               VHTimeValueTransformer::stringForTime(10));
     window->cueTable()->selectRow(1);
     EXPECT_EQ(window->project()->currentSubtitle()->string(), u"Third hello"_s);
@@ -267,7 +275,7 @@ TEST_F(WindowTest, Tap2SyncGivesTheSpaceBarToTheFixControl)
 
     player()->time = 1.5;
     QTest::keyClick(window->fixButton(), Qt::Key_Space);
-    EXPECT_DOUBLE_EQ(window->project()->subtitles()[0]->start(), 1.2); // less the reaction time
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[0]->start(), 1.2);     // less the reaction time
     EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{1}); // on to the next line
 
     QTest::keyClick(window->fixButton(), Qt::Key_Escape);
@@ -339,8 +347,8 @@ TEST_F(WindowTest, NoTwoMenuItemsShareAKey)
         const QString key = item->shortcut().toString();
         if (key.isEmpty())
             continue;
-        EXPECT_FALSE(owner.contains(key)) << key.toStdString() << ": " << item->text().toStdString() << " and "
-                                          << owner.value(key).toStdString();
+        EXPECT_FALSE(owner.contains(key)) << key.toStdString() << ": " << item->text().toStdString()
+                                          << " and " << owner.value(key).toStdString();
         owner.insert(key, item->text());
     }
     EXPECT_TRUE(owner.contains(QKeySequence(QKeySequence::Save).toString()));
