@@ -55,7 +55,7 @@ struct Project
             list << VHSubtitle::create(u"Line %1 of the text, with some words in it"_s.arg(i), 10 + 2.0 * i,
                                        11.5 + 2.0 * i);
         project->setSubtitles(list);
-        project->setFixMode(1);
+        project->setFixMode(FixMode::Fix);
     }
     ~Project()
     {
@@ -161,7 +161,7 @@ void BM_Tap2SyncTap(benchmark::State &state)
     Project p;
     Settings::shared().setValue(u"ShownTap2Sync"_s, true);
     auto enter = [&] {
-        p.project->setFixMode(1);
+        p.project->setFixMode(FixMode::Fix);
         p.project->setSelectionIndices({kMiddle});
         p.playAt(p.project->currentSubtitle()->start());
         p.project->toggleTap2Sync();
@@ -169,7 +169,7 @@ void BM_Tap2SyncTap(benchmark::State &state)
     enter();
     const double delay = Settings::shared().doubleValue(u"TapDelaySecs"_s);
     for (auto _ : state) {
-        if (p.project->fixMode() != 4 || !p.project->currentSubtitle()) {
+        if (p.project->fixMode() != FixMode::Tap2Sync || !p.project->currentSubtitle()) {
             state.PauseTiming();
             enter();
             state.ResumeTiming();

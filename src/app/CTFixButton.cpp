@@ -11,7 +11,7 @@ CTFixButton::CTFixButton(QWidget *parent)
     : QPushButton(parent)
 {
     m_subtitle = formattedShift(0);
-    setFixMode(0);
+    applyFixMode(FixMode::None);
     // As wide as the longest mode name of the interface language, so that holding Shift or
     // Alt changes the text but not the size.
     int widest = 0;
@@ -34,17 +34,32 @@ QString CTFixButton::formattedShift(double seconds)
     return (rounded < 0 ? u"-"_s : u"+"_s) + QString::number(std::fabs(rounded), 'f', 2) + u"s"_s;
 }
 
-void CTFixButton::setFixMode(int mode)
+void CTFixButton::setFixMode(FixMode mode)
 {
-    if (mode == m_fixMode)
-        return;
+    if (mode != m_fixMode)
+        applyFixMode(mode);
+}
+
+void CTFixButton::applyFixMode(FixMode mode)
+{
     m_fixMode = mode;
-    m_title = mode == 2   ? tr("Shift", "fix mode")
-              : mode == 3 ? tr("Single", "fix mode")
-              : mode == 4 ? tr("Tap", "fix mode in Tap2Sync")
-                          : tr("Fix", "fix mode");
+    switch (mode) {
+    case FixMode::Shift:
+        m_title = tr("Shift", "fix mode");
+        break;
+    case FixMode::Single:
+        m_title = tr("Single", "fix mode");
+        break;
+    case FixMode::Tap2Sync:
+        m_title = tr("Tap", "fix mode in Tap2Sync");
+        break;
+    case FixMode::None:
+    case FixMode::Fix:
+        m_title = tr("Fix", "fix mode");
+        break;
+    }
     // Only Tap2Sync hands the keyboard to the control.
-    setFocusPolicy(mode == 4 ? Qt::StrongFocus : Qt::NoFocus);
+    setFocusPolicy(mode == FixMode::Tap2Sync ? Qt::StrongFocus : Qt::NoFocus);
     updateText();
 }
 
@@ -65,7 +80,8 @@ void CTFixButton::updateText()
 
 void CTFixButton::keyPressEvent(QKeyEvent *event)
 {
-    if (m_fixMode == 4 && event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+    if (m_fixMode == FixMode::Tap2Sync && event->key() == Qt::Key_Space &&
+        event->modifiers() == Qt::NoModifier) {
         if (onTap)
             onTap();
         return;
@@ -75,7 +91,7 @@ void CTFixButton::keyPressEvent(QKeyEvent *event)
             onEscape();
         return;
     }
-    if (m_fixMode == 4 && !event->text().isEmpty())
+    if (m_fixMode == FixMode::Tap2Sync && !event->text().isEmpty())
         return; // other typing does nothing in Tap2Sync
     QPushButton::keyPressEvent(event);
 }
@@ -86,6 +102,6 @@ void CTFixButton::focusOutEvent(QFocusEvent *event)
     // A menu or another window taking the focus for a moment is not the focus going.
     const bool really =
         event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
-    if (m_fixMode == 4 && really && onResignFocus)
+    if (m_fixMode == FixMode::Tap2Sync && really && onResignFocus)
         onResignFocus();
 }

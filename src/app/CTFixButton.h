@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FixMode.h"
+
 #include <QCoreApplication>
 #include <QPushButton>
 
@@ -15,8 +17,8 @@ class CTFixButton final : public QPushButton
 public:
     explicit CTFixButton(QWidget *parent = nullptr);
 
-    int fixMode() const { return m_fixMode; }
-    void setFixMode(int mode);
+    FixMode fixMode() const { return m_fixMode; }
+    void setFixMode(FixMode mode);
     double timeShift() const { return m_timeShift; }
     // Shifts within 5 ms of the one shown leave the text alone, so that it does not flicker
     // while the movie plays.
@@ -37,8 +39,9 @@ protected:
 
 private:
     void updateText();
+    void applyFixMode(FixMode mode);
 
-    int m_fixMode = -1;
+    FixMode m_fixMode = FixMode::None;
     double m_timeShift = 0;
     double m_lastTimeShift = 0;
     QString m_title;

@@ -419,7 +419,7 @@ void ProjectWindow::refreshStates()
     for (QPushButton *button : std::as_const(m_stepButtons))
         button->setEnabled(movie && !m_frameSteps.isEmpty());
     m_fixButton->setFixMode(m_project->fixMode());
-    m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == 4);
+    m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == FixMode::Tap2Sync);
     m_fixButton->setTimeShift(m_project->timeShift());
     if (m_project->moviePath().isEmpty())
         m_movieArea->setMessage(u"Drop a movie here, or open one with File › Open Movie…\n\n"

@@ -151,9 +151,24 @@ protected:
 private:
     QWidget *buildMovieSide();
     QWidget *buildEditorSide();
+    // The window's commands, in menu order: what each one is called, its keys and what it does.
+    // The project titles and enables them (CTWindowController::validateMenuItem()); a command
+    // without an action goes to the command handler.
+    enum class Menu { File, Edit, Chapters, Timing, Movie };
+    struct Command
+    {
+        Menu menu;
+        QString id;        // "saveSubtitle:"
+        const char *title; // untranslated, in this class's translation context
+        QList<QKeySequence> shortcuts;
+        std::optional<bool> inChapterMenu; // none: in neither file-kind menu
+        std::function<void(ProjectWindow &, CTWindowController &)> action;
+        bool separatorBefore = false;
+        bool checkable = false;
+    };
+    static const QList<Command> &commandTable();
+    static const Command *command(const QString &id);
     void buildMenus();
-    QAction *addCommand(QMenu *menu, const QString &title, const QString &command,
-                        const QKeySequence &shortcut = {}, std::optional<bool> inChapterMenu = std::nullopt);
     void observeProject();
     void projectKeyChanged(const QString &key);
     void scheduleRefresh();

@@ -40,84 +40,263 @@ QString nameFilter(const QStringList &types)
 }
 } // namespace
 
-QAction *ProjectWindow::addCommand(QMenu *menu, const QString &title, const QString &command,
-                                   const QKeySequence &shortcut, std::optional<bool> inChapterMenu)
+const QList<ProjectWindow::Command> &ProjectWindow::commandTable()
 {
-    QAction *item = menu->addAction(title);
-    item->setProperty("command", command);
-    item->setProperty("baseTitle", title);
-    if (inChapterMenu)
-        item->setProperty("chapterMenu", *inChapterMenu);
-    if (!shortcut.isEmpty())
-        item->setShortcut(shortcut);
-    connect(item, &QAction::triggered, this, [this, command] { runCommand(command); });
-    m_actions.insert(command, item);
-    return item;
+    using P = CTWindowController;
+    using W = ProjectWindow;
+    // Titles are the items' own; the project retitles some of them (validateMenuItem()).
+    static const QList<Command> table = {
+        {Menu::File,
+         u"openMovie:"_s,
+         QT_TR_NOOP("Open Movie…"),
+         {QKeySequence::Open},
+         {},
+         [](W &, P &p) { p.openMovie(); }},
+        {Menu::File,
+         u"loadSubtitle:"_s,
+         QT_TR_NOOP("Open Subtitle…"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O)},
+         {},
+         [](W &, P &p) { p.runLanguageCommand(u"loadSubtitle:"_s); }},
+        {Menu::File,
+         u"newSubtitle:"_s,
+         QT_TR_NOOP("New Subtitle…"),
+         {QKeySequence::New},
+         {},
+         [](W &, P &p) { p.newSubtitle(); }},
+        {Menu::File,
+         u"saveSubtitle:"_s,
+         QT_TR_NOOP("Save Subtitle"),
+         {QKeySequence::Save},
+         {},
+         [](W &, P &p) { p.saveSubtitle(); },
+         true},
+        {Menu::File,
+         u"exportSubtitle:"_s,
+         QT_TR_NOOP("Export…"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E)},
+         {},
+         [](W &, P &p) { p.exportSubtitle(); }},
+        {Menu::File,
+         u"reloadSubtitle:"_s,
+         QT_TR_NOOP("Reload Subtitle"),
+         {},
+         {},
+         [](W &, P &p) { p.reloadSubtitle(); }},
+        {Menu::File,
+         u"embedSubtitle:"_s,
+         QT_TR_NOOP("Embed Subtitles into Movie…"),
+         {},
+         {},
+         [](W &, P &p) { p.embedSubtitle(); },
+         true},
+        {Menu::File, u"extractAllSubtitles:"_s, QT_TR_NOOP("Extract Subtitles"), {}, {}, {}},
+        {Menu::File,
+         u"searchOnline:"_s,
+         QT_TR_NOOP("Download via Web Search…"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D)},
+         {},
+         {}},
+        {Menu::File,
+         u"shouldCloseProject:"_s,
+         QT_TR_NOOP("Close"),
+         {QKeySequence::Close},
+         {},
+         [](W &, P &p) { p.closeProject(); },
+         true},
+        {Menu::File,
+         u"terminate:"_s,
+         QT_TR_NOOP("Quit"),
+         {QKeySequence::Quit},
+         {},
+         [](W &w, P &p) {
+             if (w.m_terminationHandler)
+                 w.m_terminationHandler();
+             else if (p.applicationShouldTerminate())
+                 w.terminateNow();
+         }},
+
+        {Menu::Edit,
+         u"undo:"_s,
+         QT_TR_NOOP("Undo"),
+         {QKeySequence(Qt::CTRL | Qt::Key_Z)},
+         {},
+         [](W &, P &p) { p.undo(); }},
+        {Menu::Edit,
+         u"redo:"_s,
+         QT_TR_NOOP("Redo"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)},
+         {},
+         [](W &, P &p) { p.redo(); }},
+        {Menu::Edit,
+         u"addSubtitle:"_s,
+         QT_TR_NOOP("Add Subtitle Line"),
+         {QKeySequence(Qt::CTRL | Qt::Key_I)},
+         {},
+         [](W &, P &p) { p.addSubtitle(); },
+         true},
+        {Menu::Edit,
+         u"deleteSubtitle:"_s,
+         QT_TR_NOOP("Delete Subtitle Line"),
+         {QKeySequence(Qt::CTRL | Qt::Key_Backspace)},
+         {},
+         [](W &, P &p) { p.deleteSubtitle(); }},
+        {Menu::Edit,
+         u"performFindPanelAction:"_s,
+         QT_TR_NOOP("Find"),
+         {QKeySequence::Find},
+         {},
+         [](W &w, P &) {
+             w.m_searchField->setFocus(Qt::ShortcutFocusReason);
+             w.m_searchField->selectAll();
+         },
+         true},
+        {Menu::Edit,
+         u"silentGotoNextSubtitle:"_s,
+         QT_TR_NOOP("Next Line"),
+         {QKeySequence(Qt::CTRL | Qt::Key_Down)},
+         {},
+         [](W &, P &p) { p.silentGotoNextSubtitle(); }},
+        {Menu::Edit,
+         u"silentGotoPreviousSubtitle:"_s,
+         QT_TR_NOOP("Previous Line"),
+         {QKeySequence(Qt::CTRL | Qt::Key_Up)},
+         {},
+         [](W &, P &p) { p.silentGotoPreviousSubtitle(); }},
+        {Menu::Edit,
+         u"fixDuration:"_s,
+         QT_TR_NOOP("Adjust Durations…"),
+         {},
+         {},
+         [](W &, P &p) {
+             p.addSheet({u"FixDuration"_s, {}});
+         },
+         true},
+        {Menu::Edit,
+         u"addSubtitleLanguage:"_s,
+         QT_TR_NOOP("Add Subtitle Language…"),
+         {},
+         {},
+         [](W &, P &p) { p.runLanguageCommand(u"addSubtitleLanguage:"_s); }},
+
+        // The file-kind menus: items of the other kind of file are disabled.
+        {Menu::Chapters,
+         u"editChapterMark:"_s,
+         QT_TR_NOOP("Edit Chapter Marks"),
+         {},
+         {},
+         [](W &, P &p) { p.runLanguageCommand(u"editChapterMark:"_s); }},
+        {Menu::Chapters,
+         u"convertChapterMarkToSubtitle:"_s,
+         QT_TR_NOOP("Convert Chapter Marks to Subtitle"),
+         {},
+         true,
+         [](W &, P &p) { p.convertChapterMarkToSubtitle(); }},
+
+        {Menu::Timing,
+         u"fixSubtitleStart:"_s,
+         QT_TR_NOOP("Fix Subtitle Start"),
+         {FixKey},
+         {},
+         [](W &, P &p) { p.fixSubtitleStart(); }},
+        {Menu::Timing,
+         u"shiftSubtitles:"_s,
+         QT_TR_NOOP("Shift Subtitles"),
+         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return)},
+         {},
+         [](W &, P &p) { p.shiftSubtitles(); }},
+        {Menu::Timing,
+         u"fixSingleSubtitleStart:"_s,
+         QT_TR_NOOP("Fix Single Subtitle Line Time"),
+         {QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Return)},
+         {},
+         [](W &, P &p) { p.fixSingleSubtitleStart(); }},
+        {Menu::Timing,
+         u"toggleTap2Sync:"_s,
+         QT_TR_NOOP("Enter \"Tap2Sync\" Mode"),
+         {QKeySequence(Qt::CTRL | Qt::Key_T)},
+         {},
+         [](W &, P &p) { p.toggleTap2Sync(); },
+         false,
+         true},
+
+        {Menu::Movie,
+         u"playPause:"_s,
+         QT_TR_NOOP("Play"),
+         {QKeySequence(Qt::Key_Space)},
+         {},
+         [](W &, P &p) {
+             if (PlaybackControl *player = p.movieController())
+                 player->setPlaying(!player->isPlaying());
+         }},
+        {Menu::Movie,
+         u"stepBackward:"_s,
+         QT_TR_NOOP("One Frame Back"),
+         {QKeySequence(Qt::Key_Left)},
+         {},
+         [](W &w, P &) { w.stepBy(1); }},
+        {Menu::Movie,
+         u"stepForward:"_s,
+         QT_TR_NOOP("One Frame Forward"),
+         {QKeySequence(Qt::Key_Right)},
+         {},
+         [](W &w, P &) { w.stepBy(2); }},
+        {Menu::Movie,
+         u"rewind:"_s,
+         QT_TR_NOOP("Five Frames Back"),
+         {QKeySequence(Qt::SHIFT | Qt::Key_Left)},
+         {},
+         [](W &w, P &) { w.stepBy(0); }},
+        {Menu::Movie,
+         u"fastForward:"_s,
+         QT_TR_NOOP("Five Frames Forward"),
+         {QKeySequence(Qt::SHIFT | Qt::Key_Right)},
+         {},
+         [](W &w, P &) { w.stepBy(3); }},
+    };
+    return table;
+}
+
+const ProjectWindow::Command *ProjectWindow::command(const QString &id)
+{
+    static const QHash<QString, const Command *> byId = [] {
+        QHash<QString, const Command *> index;
+        for (const Command &entry : commandTable())
+            index.insert(entry.id, &entry);
+        return index;
+    }();
+    return byId.value(id);
 }
 
 void ProjectWindow::buildMenus()
 {
-    QMenu *file = menuBar()->addMenu(tr("&File"));
-    addCommand(file, tr("Open Movie…"), u"openMovie:"_s, QKeySequence::Open);
-    addCommand(file, tr("Open Subtitle…"), u"loadSubtitle:"_s,
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O));
-    addCommand(file, tr("New Subtitle…"), u"newSubtitle:"_s, QKeySequence::New);
-    file->addSeparator();
-    addCommand(file, tr("Save Subtitle"), u"saveSubtitle:"_s, QKeySequence::Save);
-    addCommand(file, tr("Export…"), u"exportSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
-    addCommand(file, tr("Reload Subtitle"), u"reloadSubtitle:"_s);
-    file->addSeparator();
-    addCommand(file, tr("Embed Subtitles into Movie…"), u"embedSubtitle:"_s);
-    addCommand(file, tr("Extract Subtitles"), u"extractAllSubtitles:"_s);
-    addCommand(file, tr("Download via Web Search…"), u"searchOnline:"_s,
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
-    file->addSeparator();
-    addCommand(file, tr("Close"), u"shouldCloseProject:"_s, QKeySequence::Close);
-    addCommand(file, tr("Quit"), u"terminate:"_s, QKeySequence::Quit);
-
-    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
-    addCommand(edit, tr("Undo"), u"undo:"_s, QKeySequence(Qt::CTRL | Qt::Key_Z));
-    QAction *redo = addCommand(edit, tr("Redo"), u"redo:"_s);
-    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    edit->addSeparator();
-    addCommand(edit, tr("Add Subtitle Line"), u"addSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_I));
-    addCommand(edit, tr("Delete Subtitle Line"), u"deleteSubtitle:"_s,
-               QKeySequence(Qt::CTRL | Qt::Key_Backspace));
-    edit->addSeparator();
-    addCommand(edit, tr("Find"), u"performFindPanelAction:"_s, QKeySequence::Find);
-    addCommand(edit, tr("Next Line"), u"silentGotoNextSubtitle:"_s, QKeySequence(Qt::CTRL | Qt::Key_Down));
-    addCommand(edit, tr("Previous Line"), u"silentGotoPreviousSubtitle:"_s,
-               QKeySequence(Qt::CTRL | Qt::Key_Up));
-    edit->addSeparator();
-    addCommand(edit, tr("Adjust Durations…"), u"fixDuration:"_s);
-    addCommand(edit, tr("Add Subtitle Language…"), u"addSubtitleLanguage:"_s);
-    // The file-kind menus: items of the other kind of file are disabled.
-    QMenu *chapters = menuBar()->addMenu(tr("&Chapter Marks"));
-    addCommand(chapters, tr("Edit Chapter Marks"), u"editChapterMark:"_s);
-    addCommand(chapters, tr("Convert Chapter Marks to Subtitle"), u"convertChapterMarkToSubtitle:"_s, {},
-               true);
-
-    QMenu *timing = menuBar()->addMenu(tr("&Timing"));
-    addCommand(timing, tr("Fix Subtitle Start"), u"fixSubtitleStart:"_s, FixKey);
-    addCommand(timing, tr("Shift Subtitles"), u"shiftSubtitles:"_s,
-               QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Return));
-    addCommand(timing, tr("Fix Single Subtitle Line Time"), u"fixSingleSubtitleStart:"_s,
-               QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Return));
-    addCommand(timing, tr("Enter \"Tap2Sync\" Mode"), u"toggleTap2Sync:"_s,
-               QKeySequence(Qt::CTRL | Qt::Key_T));
-
-    QMenu *movie = menuBar()->addMenu(tr("&Movie"));
-    addCommand(movie, tr("Play"), u"playPause:"_s, QKeySequence(Qt::Key_Space));
-    addCommand(movie, tr("One Frame Back"), u"stepBackward:"_s, QKeySequence(Qt::Key_Left));
-    addCommand(movie, tr("One Frame Forward"), u"stepForward:"_s, QKeySequence(Qt::Key_Right));
-    addCommand(movie, tr("Five Frames Back"), u"rewind:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Left));
-    addCommand(movie, tr("Five Frames Forward"), u"fastForward:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Right));
-    m_audioMenu = movie->addMenu(tr("Audio Track"));
-    m_audioMenu->addAction(tr("No Audio Track"))->setEnabled(false);
-
-    const QList<QMenu *> menus = {file, edit, chapters, timing, movie};
-    for (QMenu *menu : menus)
+    const std::pair<Menu, QString> menuTitles[] = {
+        {Menu::File, tr("&File")},     {Menu::Edit, tr("&Edit")},   {Menu::Chapters, tr("&Chapter Marks")},
+        {Menu::Timing, tr("&Timing")}, {Menu::Movie, tr("&Movie")},
+    };
+    QHash<Menu, QMenu *> menus;
+    for (const auto &[which, title] : menuTitles) {
+        QMenu *menu = menuBar()->addMenu(title);
+        menus.insert(which, menu);
         connect(menu, &QMenu::aboutToShow, this, [this] { refreshMenus(); });
+    }
+    for (const Command &entry : commandTable()) {
+        QMenu *menu = menus.value(entry.menu);
+        if (entry.separatorBefore)
+            menu->addSeparator();
+        const QString title = tr(entry.title);
+        QAction *item = menu->addAction(title);
+        item->setProperty("command", entry.id);
+        item->setProperty("baseTitle", title);
+        if (entry.inChapterMenu)
+            item->setProperty("chapterMenu", *entry.inChapterMenu);
+        item->setShortcuts(entry.shortcuts);
+        item->setCheckable(entry.checkable);
+        connect(item, &QAction::triggered, this, [this, id = entry.id] { runCommand(id); });
+        m_actions.insert(entry.id, item);
+    }
+    m_audioMenu = menus.value(Menu::Movie)->addMenu(tr("Audio Track"));
+    m_audioMenu->addAction(tr("No Audio Track"))->setEnabled(false);
 }
 
 void ProjectWindow::refreshMenus()
@@ -129,89 +308,27 @@ void ProjectWindow::refreshMenus()
             command, chapterMenu.isValid() ? std::optional<bool>(chapterMenu.toBool()) : std::nullopt);
         item->setEnabled(state.enabled);
         item->setText(state.title ? *state.title : item->property("baseTitle").toString());
-        item->setCheckable(command == u"toggleTap2Sync:"_s);
         item->setChecked(state.checked);
     }
 }
 
-void ProjectWindow::runCommand(const QString &command)
+void ProjectWindow::runCommand(const QString &id)
 {
-    if (QAction *item = action(command)) {
+    if (QAction *item = action(id)) {
         const QVariant chapterMenu = item->property("chapterMenu");
         if (!m_project
-                 ->validateMenuItem(command, chapterMenu.isValid() ? std::optional<bool>(chapterMenu.toBool())
-                                                                   : std::nullopt)
+                 ->validateMenuItem(id, chapterMenu.isValid() ? std::optional<bool>(chapterMenu.toBool())
+                                                              : std::nullopt)
                  .enabled)
             return;
     }
     // What is typed into a cell counts before any command runs: a command that changes the
     // list of lines would otherwise close the editor and drop it.
     commitOpenEditor();
-    CTWindowController &p = *m_project;
-    PlaybackControl *player = p.movieController();
-    if (command == u"undo:"_s) {
-        p.undo();
-    } else if (command == u"redo:"_s) {
-        p.redo();
-    } else if (command == u"openMovie:"_s) {
-        p.openMovie();
-    } else if (command == u"loadSubtitle:"_s || command == u"addSubtitleLanguage:"_s ||
-               command == u"editChapterMark:"_s) {
-        p.runLanguageCommand(command);
-    } else if (command == u"newSubtitle:"_s) {
-        p.newSubtitle();
-    } else if (command == u"saveSubtitle:"_s) {
-        p.saveSubtitle();
-    } else if (command == u"exportSubtitle:"_s) {
-        p.exportSubtitle();
-    } else if (command == u"reloadSubtitle:"_s) {
-        p.reloadSubtitle();
-    } else if (command == u"embedSubtitle:"_s) {
-        p.embedSubtitle();
-    } else if (command == u"shouldCloseProject:"_s) {
-        p.closeProject();
-    } else if (command == u"terminate:"_s) {
-        if (m_terminationHandler)
-            m_terminationHandler();
-        else if (p.applicationShouldTerminate())
-            terminateNow();
-    } else if (command == u"addSubtitle:"_s) {
-        p.addSubtitle();
-    } else if (command == u"deleteSubtitle:"_s) {
-        p.deleteSubtitle();
-    } else if (command == u"performFindPanelAction:"_s) {
-        m_searchField->setFocus(Qt::ShortcutFocusReason);
-        m_searchField->selectAll();
-    } else if (command == u"silentGotoNextSubtitle:"_s) {
-        p.silentGotoNextSubtitle();
-    } else if (command == u"silentGotoPreviousSubtitle:"_s) {
-        p.silentGotoPreviousSubtitle();
-    } else if (command == u"fixDuration:"_s) {
-        p.addSheet({u"FixDuration"_s, {}});
-    } else if (command == u"convertChapterMarkToSubtitle:"_s) {
-        p.convertChapterMarkToSubtitle();
-    } else if (command == u"fixSubtitleStart:"_s) {
-        p.fixSubtitleStart();
-    } else if (command == u"shiftSubtitles:"_s) {
-        p.shiftSubtitles();
-    } else if (command == u"fixSingleSubtitleStart:"_s) {
-        p.fixSingleSubtitleStart();
-    } else if (command == u"toggleTap2Sync:"_s) {
-        p.toggleTap2Sync();
-    } else if (command == u"playPause:"_s) {
-        if (player)
-            player->setPlaying(!player->isPlaying());
-    } else if (command == u"rewind:"_s) {
-        stepBy(0);
-    } else if (command == u"stepBackward:"_s) {
-        stepBy(1);
-    } else if (command == u"stepForward:"_s) {
-        stepBy(2);
-    } else if (command == u"fastForward:"_s) {
-        stepBy(3);
-    } else if (m_commandHandler) {
-        m_commandHandler(command);
-    }
+    if (const Command *entry = command(id); entry && entry->action)
+        entry->action(*this, *m_project);
+    else if (m_commandHandler)
+        m_commandHandler(id); // the commands of the wiring around the window (extraction, web search)
     scheduleRefresh();
 }
 
@@ -228,13 +345,15 @@ void ProjectWindow::stepBy(int which)
 void ProjectWindow::fixButtonClicked()
 {
     switch (m_project->fixMode()) {
-    case 2:
+    case FixMode::Shift:
         m_project->shiftSubtitles();
         break;
-    case 3:
+    case FixMode::Single:
         m_project->fixSingleSubtitleStart();
         break;
-    default:
+    case FixMode::None:
+    case FixMode::Fix:
+    case FixMode::Tap2Sync:
         m_project->fixSubtitleStart();
         break;
     }

@@ -144,7 +144,7 @@ int runSync(const QStringList &args)
     CTWindowController project(nullptr, &movie);
     project.setMovieInfo(QString(), 1, fps, options.length);
     project.setSubtitles(*cues);
-    project.setFixMode(1);
+    project.setFixMode(FixMode::Fix);
     for (const Fix &fix : std::as_const(fixes)) {
         if (fix.index >= project.subtitles().size()) {
             printError(u"There is no line %1; the file has %2 lines (counted from 0)"_s.arg(fix.index).arg(
@@ -156,7 +156,9 @@ int runSync(const QStringList &args)
         project.setCurrentTime(fix.time);
         // The range a fix may land in depends on the mode: check it in the mode the fix is
         // made in (a Single fix may not pass the neighbours that a Fix stretches along).
-        project.setFixMode(mode == u"shift"_s ? 2 : mode == u"single"_s ? 3 : 1);
+        project.setFixMode(mode == u"shift"_s    ? FixMode::Shift
+                           : mode == u"single"_s ? FixMode::Single
+                                                 : FixMode::Fix);
         if (!project.canFix()) {
             const auto range = project.fixRange();
             printError(

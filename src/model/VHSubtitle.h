@@ -102,6 +102,10 @@ public:
     // The listener told of every change (null: none). Not owned.
     void setEditListener(CueEditListener *listener) { m_editListener = listener; }
     CueEditListener *editListener() const { return m_editListener; }
+    // A number the edit listener stamps on the cue once it has kept its values for the edit
+    // being recorded, so that it asks no table whether it has seen the cue before.
+    quint64 editMark() const { return m_editMark; }
+    void setEditMark(quint64 mark) { m_editMark = mark; }
 
     // hh:mm:ss,mmm with truncated milliseconds.
     static QString formatedTime(double seconds);
@@ -184,6 +188,7 @@ protected:
 
 private:
     CueEditListener *m_editListener = nullptr;
+    quint64 m_editMark = 0;
     QString m_string;
     double m_start = 0;
     double m_end = 0;

@@ -1,4 +1,5 @@
 #include "CTWindowController.h"
+#include "ProjectSettings.h"
 
 #include "CTFileHelper.h"
 #include "FolderPermissions.h"
@@ -35,28 +36,29 @@ void CTWindowController::registerDefaults()
     if (locale.isEmpty())
         locale = u"en"_s;
     settings.registerDefaults({
-        {u"SubtitleLength"_s, 4.0},
-        {u"ShowTutorial"_s, true},
-        {u"Locale"_s, locale},
-        {u"AutoConvert"_s, true},
-        {u"AutoExtract"_s, true},
-        {u"AutoExtractVTT"_s, false},
-        {u"AutoEmbed"_s, true},
-        {u"TapRewindSecs"_s, 3.0},
-        {u"TapDelaySecs"_s, 0.3},
-        {u"TapFixPrev"_s, true},
-        {u"AutoOpenSearch"_s, true},
-        {u"WindowsLineBreaks"_s, false},
-        {u"AutosaveInterval"_s, 30.0},
+        {Preferences::SubtitleLength.name(), 4.0},
+        {Preferences::ShowTutorial.name(), true},
+        {Preferences::Locale.name(), locale},
+        {Preferences::AutoConvert.name(), true},
+        {Preferences::AutoExtract.name(), true},
+        {Preferences::AutoExtractVTT.name(), false},
+        {Preferences::AutoEmbed.name(), true},
+        {Preferences::TapRewindSecs.name(), 3.0},
+        {Preferences::TapDelaySecs.name(), 0.3},
+        {Preferences::TapFixPrev.name(), true},
+        {Preferences::AutoOpenSearch.name(), true},
+        {Preferences::WindowsLineBreaks.name(), false},
+        {Preferences::AutosaveInterval.name(), 30.0},
     });
     // Exports use the reading encoding until the user picks one of their own.
-    const QVariant encoding = settings.value(u"Encoding"_s);
-    settings.registerDefaults({{u"ExportEncoding"_s, encoding.isValid() ? encoding : QVariant(0)}});
+    const QVariant encoding = settings.value(Preferences::Encoding.name());
+    settings.registerDefaults(
+        {{Preferences::ExportEncoding.name(), encoding.isValid() ? encoding : QVariant(0)}});
 }
 
 CTWindowController::CTWindowController(ProjectView *view, PlaybackControl *player)
     : m_view(view)
-    , m_player(player)
+    , m_movie(std::make_unique<MovieSession>(*this, player))
     , m_editor(std::make_unique<CueListEditor>(m_subtitles, static_cast<CueListEditorDelegate *>(this)))
 {
     registerDefaults();
@@ -89,23 +91,22 @@ QStringList CTWindowController::dependentKeys(const QString &key) const
 
 void CTWindowController::windowDidLoad()
 {
-    Settings &settings = Settings::shared();
     m_permissions = std::make_unique<FolderPermissions>(m_permissionStorePath);
     m_permissions->activateBookmarks(true);
-    m_searchCaseSensitive = settings.boolValue(u"searchCaseSensitive"_s);
-    m_languages.clear();
-    m_waitingSheets.clear();
+    m_searchCaseSensitive = Preferences::SearchCaseSensitive.value();
+    m_languageFiles->clear();
+    m_sheets->clear();
     setBasePath(QString());
     observeCueNotifications();
-    if (settings.boolValue(u"AutoLoadLast"_s)) {
-        if (const QString movie = settings.stringValue(u"LastVideo"_s); !movie.isEmpty())
+    if (Preferences::AutoLoadLast.value()) {
+        if (const QString movie = Preferences::LastVideo.value(); !movie.isEmpty())
             setMoviePath(movie);
-        if (const QString subtitle = settings.stringValue(u"LastSubtitle"_s); !subtitle.isEmpty())
+        if (const QString subtitle = Preferences::LastSubtitle.value(); !subtitle.isEmpty())
             setSubtitlePath(subtitle);
     } else {
-        settings.remove(u"LastVideo"_s);
+        Preferences::LastVideo.remove();
         willChangeValueForKey(u"subtitlePath"_s);
-        settings.remove(u"LastSubtitle"_s);
+        Preferences::LastSubtitle.remove();
         didChangeValueForKey(u"subtitlePath"_s);
     }
 }
@@ -126,7 +127,7 @@ void CTWindowController::setBasePath(const QString &basePath)
 
 QString CTWindowController::subtitlePath() const
 {
-    return Settings::shared().stringValue(u"LastSubtitle"_s);
+    return Preferences::LastSubtitle.value();
 }
 
 QString CTWindowController::visibleSubtitlePath() const
@@ -139,9 +140,9 @@ void CTWindowController::storeSubtitlePath(const QString &path)
 {
     willChangeValueForKey(u"subtitlePath"_s);
     if (path.isEmpty())
-        Settings::shared().remove(u"LastSubtitle"_s);
+        Preferences::LastSubtitle.remove();
     else
-        Settings::shared().setValue(u"LastSubtitle"_s, path);
+        Preferences::LastSubtitle.set(path);
     didChangeValueForKey(u"subtitlePath"_s);
 }
 
@@ -158,8 +159,8 @@ void CTWindowController::setSubtitles(const SubtitleList &subtitles)
         m_editor->load(subtitles);
     }
     updateRangeNotification();
-    if (m_player)
-        m_player->setShowSubtitle(true);
+    if (movieController())
+        movieController()->setShowSubtitle(true);
     Q_ASSERT(selectionIsConsistent());
 }
 
@@ -172,8 +173,8 @@ void CTWindowController::cueListDidChange()
 {
     invalidateArranged();
     didChangeValueForKey(u"subtitles"_s);
-    if (m_player)
-        m_player->setSubtitles(m_subtitles);
+    if (movieController())
+        movieController()->setSubtitles(m_subtitles);
 }
 
 CueSelection CTWindowController::cueSelection() const
@@ -232,17 +233,17 @@ void CTWindowController::applyHistoryStep(bool redo)
         // The movie stays where it is: undo puts back lines, not the playback time.
         const bool oldNoAdjust = m_noAdjust;
         m_noAdjust = true;
-        const int oldModifiers = m_modifiers;
-        m_modifiers = Settings::shared().boolValue(u"SubtitleNoJump"_s) ? NoModifier : OptionModifier;
+        const int oldModifiers = m_fix->modifiers();
+        m_fix->setModifiers(Preferences::SubtitleNoJump.value() ? NoModifier : OptionModifier);
         setSelectionIndices(rows);
-        m_modifiers = oldModifiers;
+        m_fix->setModifiers(oldModifiers);
         m_noAdjust = oldNoAdjust;
     }
     refreshEditorFields();
     announceEditorFields();
     updateRangeNotification();
-    if (m_player)
-        m_player->redrawCurrentSubtitle();
+    if (movieController())
+        movieController()->redrawCurrentSubtitle();
     setHasChanged(!m_editor->isClean());
     if (!m_hasChanged)
         removeRecoveryCopy(); // back to the saved file
@@ -288,8 +289,8 @@ void CTWindowController::editWasCapped()
     refreshEditorFields();
     announceEditorFields();
     updateRangeNotification();
-    if (m_player)
-        m_player->redrawCurrentSubtitle();
+    if (movieController())
+        movieController()->redrawCurrentSubtitle();
     setHasChanged(!m_editor->isClean());
     // Told after the current call: the question must not open inside the queue's turn.
     Prompt prompt;
@@ -389,9 +390,7 @@ void CTWindowController::setCurrentTime(double seconds)
     willChangeValueForKey(u"currentTime"_s);
     m_currentTime = seconds;
     didChangeValueForKey(u"currentTime"_s);
-    // Tap2Sync ends when playback reaches the next anchor.
-    if (m_fixMode == 4 && seconds >= m_range.endChange)
-        setFixMode(defaultFixMode());
+    m_fix->timeChanged(seconds);
 }
 
 void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
@@ -408,11 +407,11 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
 
     if (cue) {
         bindEditorFields(cue);
-        if (m_fixMode != 4 && m_player) {
+        if (fixMode() != FixMode::Tap2Sync && movieController()) {
             // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
-            const bool option = m_modifiers & OptionModifier;
-            if (option == Settings::shared().boolValue(u"SubtitleNoJump"_s))
-                m_player->setCurrentTime(cue->start() + 0.0001);
+            const bool option = m_fix->modifiers() & OptionModifier;
+            if (option == Preferences::SubtitleNoJump.value())
+                movieController()->setCurrentTime(cue->start() + 0.0001);
         }
     } else {
         willChangeValueForKey(u"subtitleText"_s);
@@ -475,6 +474,19 @@ void CTWindowController::announceEditorFields()
     }
 }
 
+double CTWindowController::timeShift() const
+{
+    return m_currentTime - m_start;
+}
+
+void CTWindowController::setStart(double t)
+{
+    // While a cue is bound to the fields (or none is current) the field only follows; a typed
+    // time is a fix of the current cue, and one the range refuses leaves the cues as they are.
+    if (m_noAdjust || !m_currentSubtitle || !m_fix->moveCurrentStart(t))
+        m_start = t;
+}
+
 void CTWindowController::setDuration(double seconds)
 {
     m_duration = seconds;
@@ -520,35 +532,26 @@ void CTWindowController::setHasChanged(bool changed)
 
 bool CTWindowController::hasMovie() const
 {
-    return m_player && m_player->hasMovie();
+    return movieController() && movieController()->hasMovie();
 }
 
 bool CTWindowController::hasPrevious() const
 {
-    if (m_subtitles.isEmpty() || !m_player)
+    if (m_subtitles.isEmpty() || !movieController())
         return false;
-    const qsizetype index = m_player->currentSegmentIndex();
+    const qsizetype index = movieController()->currentSegmentIndex();
     if (index > 0)
         return true;
     if (index < 0 || index >= m_subtitles.size())
         return false;
-    return m_player->currentTime() > m_subtitles[index]->end();
+    return movieController()->currentTime() > m_subtitles[index]->end();
 }
 
 bool CTWindowController::hasNext() const
 {
-    if (m_subtitles.isEmpty() || !m_player)
+    if (m_subtitles.isEmpty() || !movieController())
         return false;
-    return m_player->currentSegmentIndex() < m_subtitles.size() - 1;
-}
-
-void CTWindowController::setMovieInfo(const QString &moviePath, int kind, double fps, double duration)
-{
-    m_moviePath = moviePath;
-    m_movieKind = kind;
-    m_fps = fps;
-    m_movieDuration = duration;
-    updateRangeNotification();
+    return movieController()->currentSegmentIndex() < m_subtitles.size() - 1;
 }
 
 qsizetype CTWindowController::subtitleIndexAtTime(double seconds) const
@@ -594,39 +597,6 @@ void CTWindowController::setForcedState(int state)
     didChangeValueForKey(u"forcedState"_s);
 }
 
-// --- sheets ----------------------------------------------------------------------------------
-
-void CTWindowController::addSheet(const Sheet &sheet)
-{
-    if (m_view && !m_view->hasAttachedSheet() && m_view->isWindowVisible()) {
-        m_view->beginSheet(sheet);
-        return;
-    }
-    m_waitingSheets.append(sheet);
-    if (m_view && !m_view->isWindowVisible()) {
-        m_view->makeKeyAndOrderFront();
-        MainQueue::main().post([this, alive = std::weak_ptr<void>(m_alive)] {
-            if (!alive.expired())
-                showNextSheet();
-        });
-    }
-}
-
-void CTWindowController::showNextSheet()
-{
-    // Served last in, first out, on purpose: the newest question is the one the user just
-    // caused.
-    if (m_waitingSheets.isEmpty() || !m_view)
-        return;
-    const Sheet sheet = m_waitingSheets.takeLast();
-    m_view->beginSheet(sheet);
-}
-
-void CTWindowController::didEndSheet(const Sheet &, int)
-{
-    showNextSheet();
-}
-
 // --- leaving and closing -----------------------------------------------------------------------
 
 bool CTWindowController::canDropSubtitleTryEmbed(bool tryEmbed)
@@ -658,7 +628,7 @@ bool CTWindowController::closeProject()
     if (!canDropSubtitleTryEmbed(true))
         return false;
     removeRecoveryCopy();
-    if (m_moviePath.isEmpty()) {
+    if (moviePath().isEmpty()) {
         storeSubtitlePath(QString());
         setBasePath(QString());
     } else {
@@ -696,7 +666,7 @@ double CTWindowController::autosaveInterval()
     const double forced = qEnvironmentVariable("CAPTORA_AUTOSAVE_INTERVAL").toDouble(&ok);
     if (ok && forced >= 0)
         return forced;
-    const double stored = Settings::shared().doubleValue(u"AutosaveInterval"_s);
+    const double stored = Preferences::AutosaveInterval.value();
     return stored > 0 ? stored : 30;
 }
 
@@ -769,7 +739,7 @@ void CTWindowController::offerRecoveryOf(const QString &path)
         m_recovery->remove(path);
         return;
     }
-    const std::optional<SubtitleList> cues = RecoveryStore::readCopy(*copy, m_fps, m_movieDuration);
+    const std::optional<SubtitleList> cues = RecoveryStore::readCopy(*copy, fps(), movieDuration());
     if (!cues) {
         logLine(u"Warning: The recovery copy '%1' of '%2' could not be read"_s.arg(copy->copyPath, path));
         return;
@@ -796,7 +766,7 @@ void CTWindowController::offerRecoveries()
         // is opened.
         const QString base = CTFileHelper::stringByDeletingLocaleAndPathExtension(copy.path);
         if ((!m_basePath.isEmpty() && base == m_basePath) ||
-            (!m_moviePath.isEmpty() && base == CTFileHelper::stringByDeletingPathExtension(m_moviePath)))
+            (!moviePath().isEmpty() && base == CTFileHelper::stringByDeletingPathExtension(moviePath())))
             continue;
         m_recoveryOffered.append(copy.path);
         if (!RecoveryStore::isNewerThanFile(copy)) {
@@ -815,4 +785,11 @@ void CTWindowController::offerRecoveries()
         setSubtitlePath(copy.path, copy.chapterMarks);
         m_recoverWithoutAsking.clear();
     }
+}
+
+void CTWindowController::setObservedResponderIsTextEditor(bool textEditor)
+{
+    m_allowArrows = !textEditor;
+    if (m_view)
+        m_view->setArrowKeyEquivalentsEnabled(m_allowArrows);
 }

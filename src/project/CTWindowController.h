@@ -2,9 +2,14 @@
 
 #include "CTLanguage.h"
 #include "CueListEditor.h"
+#include "FixController.h"
+#include "FixMode.h"
+#include "LanguageFiles.h"
+#include "MovieSession.h"
 #include "NotificationCenter.h"
 #include "Observable.h"
 #include "RecoveryStore.h"
+#include "SheetQueue.h"
 #include "VHSubtitle.h"
 
 #include <QCoreApplication>
@@ -37,15 +42,6 @@ class CTWindowController : public Observable, public PlaybackControlDelegate, pr
     Q_DECLARE_TR_FUNCTIONS(CTWindowController)
 
 public:
-    // The ways a fix moves the other cues; the values are stored and compared as numbers.
-    enum FixMode : int {
-        NoFixMode = 0,     // no current cue
-        FixModeFix = 1,    // stretch between the anchors
-        FixModeShift = 2,  // move the run by the same amount
-        FixModeSingle = 3, // move the current cue alone
-        FixModeTap2Sync = 4,
-    };
-
     static const QString SubLoadedNotification; // "SubLoaded"
 
     // Registers the project's user defaults (both registrations). Safe to call repeatedly.
@@ -61,7 +57,7 @@ public:
     void windowDidLoad();
 
     // --- state ---------------------------------------------------------------------
-    const QString &moviePath() const { return m_moviePath; }
+    const QString &moviePath() const { return m_movie->moviePath(); }
     const QString &basePath() const { return m_basePath; }
     void setBasePath(const QString &basePath);
     QString subtitlePath() const;        // stored as "LastSubtitle"
@@ -98,68 +94,69 @@ public:
     void setHasChanged(bool changed);
     bool isFixed() const { return m_isFixed; }
 
-    int fixMode() const { return m_fixMode; }
-    void setFixMode(int mode);
-    // Check-box style views of the mode: modeIsFix is 1 in mode 1, -1 (mixed) in mode 4.
-    int modeIsFix() const { return m_fixMode == 1 ? 1 : (m_fixMode == 4 ? -1 : 0); }
-    void setModeIsFix(bool on) { setFixMode(on ? 1 : 0); }
-    bool modeIsShift() const { return m_fixMode == 2; }
-    void setModeIsShift(bool on) { setFixMode(on ? 2 : 1); }
-    bool modeIsSingle() const { return m_fixMode == 3; }
-    void setModeIsSingle(bool on) { setFixMode(on ? 3 : 1); }
+    FixMode fixMode() const { return m_fix->mode(); }
+    void setFixMode(FixMode mode) { m_fix->setMode(mode); }
+    // Check-box style views of the mode: modeIsFix is 1 in Fix, -1 (mixed) in Tap2Sync.
+    int modeIsFix() const
+    {
+        return fixMode() == FixMode::Fix ? 1 : (fixMode() == FixMode::Tap2Sync ? -1 : 0);
+    }
+    void setModeIsFix(bool on) { setFixMode(on ? FixMode::Fix : FixMode::None); }
+    bool modeIsShift() const { return fixMode() == FixMode::Shift; }
+    void setModeIsShift(bool on) { setFixMode(on ? FixMode::Shift : FixMode::Fix); }
+    bool modeIsSingle() const { return fixMode() == FixMode::Single; }
+    void setModeIsSingle(bool on) { setFixMode(on ? FixMode::Single : FixMode::Fix); }
+    // The fix side of the project (mode, range, re-timing).
+    FixController &fixController() { return *m_fix; }
+    const FixController &fixController() const { return *m_fix; }
 
     // Modifier keys held now, as the window reports them.
     enum Modifier { NoModifier = 0, ShiftModifier = 1, OptionModifier = 2 };
-    void setModifierKeys(int modifiers) { m_modifiers = modifiers; }
-    // Chooses the mode from the modifier keys: no cue 0, Shift 2, Option 3, else 1.
-    void updateFixMode();
-    void fixSubtitleStart();
-    void shiftSubtitles();
-    void fixSingleSubtitleStart();
-    void toggleTap2Sync();
-    void fixButtonGotEscape();
+    void setModifierKeys(int modifiers) { m_fix->setModifiers(modifiers); }
+    // Chooses the mode from the modifier keys: no cue None, Shift Shift, Option Single, else
+    // the default.
+    void updateFixMode() { m_fix->updateMode(); }
+    void fixSubtitleStart() { m_fix->fix(); }
+    void shiftSubtitles() { m_fix->shift(); }
+    void fixSingleSubtitleStart() { m_fix->fixSingle(); }
+    void toggleTap2Sync() { m_fix->toggleTap2Sync(); }
+    void fixButtonGotEscape() { m_fix->leaveTap2Sync(); }
     void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
     // The playback controller's report that playback started or stopped.
-    void movieChangedPlaying(bool playing);
+    void movieChangedPlaying(bool playing) { m_fix->playingChanged(playing); }
     // Keyboard focus moved into (or out of) a text editor: the arrow keys step frames only
     // outside one.
     void setObservedResponderIsTextEditor(bool textEditor);
     bool allowArrows() const { return m_allowArrows; }
     // Re-times cues a..b: t → (t − origin) × factor + shift + origin for start and end.
-    void stretch(qsizetype first, qsizetype last, double factor, double origin, double shift);
-    int defaultFixMode() const { return m_isChaptermark ? 3 : 1; }
+    void stretch(qsizetype first, qsizetype last, double factor, double origin, double shift)
+    {
+        m_fix->stretch(first, last, factor, origin, shift);
+    }
+    FixMode defaultFixMode() const { return m_fix->defaultMode(); }
     double timeShift() const;
 
     // The run of cues that moves with the current cue (first..last) and the earliest and
-    // latest start the current cue may take.
-    struct FixRange
-    {
-        qsizetype first = 0;
-        qsizetype last = -1;
-        double startChange = 0;
-        double endChange = 0;
-    };
-    const FixRange &fixRange() const { return m_range; }
-    // What the time view and the scrubber show of the range.
-    struct RangeDisplay
-    {
-        double startFraction = 0, endFraction = 0;
-        QString startText, endText;
-        std::optional<double> scrubberMinimum, scrubberMaximum;
-    };
-    const RangeDisplay &rangeDisplay() const { return m_rangeDisplay; }
+    // latest start the current cue may take; what the time view and the scrubber show of it.
+    using FixRange = FixController::Range;
+    using RangeDisplay = FixController::RangeDisplay;
+    const FixRange &fixRange() const { return m_fix->range(); }
+    const RangeDisplay &rangeDisplay() const { return m_fix->rangeDisplay(); }
 
     bool hasMovie() const;
-    bool canFix() const;
+    bool canFix() const { return m_fix->canFix(); }
     bool hasSubtitleFile() const { return !m_subtitles.isEmpty(); }
     bool canChangeForced() const { return !m_selection.isEmpty(); }
     bool hasPrevious() const;
     bool hasNext() const;
-    double fps() const { return m_fps; }
-    double movieDuration() const { return m_movieDuration; }
-    int movieKind() const { return m_movieKind; }
+    double fps() const { return m_movie->fps(); }
+    double movieDuration() const { return m_movie->duration(); }
+    int movieKind() const { return m_movie->kind(); }
     // For the movie side of the project (opened movies, player kind).
-    void setMovieInfo(const QString &moviePath, int kind, double fps, double duration);
+    void setMovieInfo(const QString &moviePath, int kind, double fps, double duration)
+    {
+        m_movie->setInfo(moviePath, kind, fps, duration);
+    }
 
     // First cue starting at or after the time; the count when none; 0 for no cues.
     qsizetype subtitleIndexAtTime(double seconds) const;
@@ -169,24 +166,27 @@ public:
     void setForcedState(int state);
 
     // --- languages -------------------------------------------------------------------
-    const LanguageList &languages() const { return m_languages; }
-    qsizetype selectedLanguageIndex() const { return m_selectedLanguageIndex; }
-    void updateLanguages();
-    void selectSubtitleLanguage(qsizetype index);
+    const LanguageList &languages() const { return m_languageFiles->languages(); }
+    qsizetype selectedLanguageIndex() const { return m_languageFiles->selectedIndex(); }
+    void updateLanguages() { m_languageFiles->update(); }
+    void selectSubtitleLanguage(qsizetype index) { m_languageFiles->select(index); }
     // Renames the current file to the locale (empty: no language).
-    void switchLanguage(const QString &localeIdentifier);
-    void autoSelectSubtitle();
+    void switchLanguage(const QString &localeIdentifier) { m_languageFiles->switchTo(localeIdentifier); }
+    void autoSelectSubtitle() { m_languageFiles->autoSelect(); }
     // The identifier for the next file loaded as a new language.
-    void setNewLocale(const QString &identifier) { m_newLocale = identifier; }
+    void setNewLocale(const QString &identifier) { m_languageFiles->setNewLocale(identifier); }
     // The locales the "Set Subtitle Language" submenu offers.
-    static std::shared_ptr<LanguageMenu> sharedLanguageMenu();
+    static std::shared_ptr<LanguageMenu> sharedLanguageMenu() { return LanguageFiles::sharedMenu(); }
     // The pop-up's items for a language list: separators, and titles made unique with "~".
-    static QList<LanguageButtonItem> languageButtonItems(const LanguageList &languages);
+    static QList<LanguageButtonItem> languageButtonItems(const LanguageList &languages)
+    {
+        return LanguageFiles::buttonItems(languages);
+    }
     // Asks for a language and starts an empty subtitle file for it.
-    void addSubtitleLanguage();
+    void addSubtitleLanguage() { m_languageFiles->addLanguage(); }
     // Runs a command of the language menu ("loadSubtitle:", "deleteSubtitleFile:", ...).
     // Commands the project cannot run itself (web search, embedding) go to the handler.
-    void runLanguageCommand(const QString &command);
+    void runLanguageCommand(const QString &command) { m_languageFiles->runCommand(command); }
     void setCommandHandler(std::function<void(const QString &)> handler)
     {
         m_commandHandler = std::move(handler);
@@ -224,52 +224,64 @@ public:
     // Replaces willAutoEmbed() in the unsaved-changes flow (tests script the answer).
     void setWillAutoEmbed(std::function<bool()> willAutoEmbed) { m_willAutoEmbed = std::move(willAutoEmbed); }
 
-    // --- the movie (ProjectMovie.cpp) ----------------------------------------------------
+    // --- the movie (MovieSession) ----------------------------------------------------------
     // Movies the open panel and the drop target take, by extension.
-    static QStringList movieExtensions();
+    static QStringList movieExtensions() { return MovieSession::movieExtensions(); }
     // Where controllers of kinds 1 and 2 come from. The window owns what it returns; the
     // project lets a controller go through ProjectView::detachMovieController().
     void setMovieControllerFactory(PlaybackControlFactory factory)
     {
-        m_controllerFactory = std::move(factory);
+        m_movie->setControllerFactory(std::move(factory));
     }
-    PlaybackControl *movieController() const { return m_player; }
+    PlaybackControl *movieController() const { return m_movie->player(); }
     // Opens a movie: the previous one is closed, the player of kind 1 loads it, and the
     // delegate calls below finish the work (falling back to kind 2 when it cannot).
-    void setMoviePath(const QString &path);
+    void setMoviePath(const QString &path) { m_movie->setMoviePath(path); }
     // The open panel for a movie, after the unsaved-changes question.
-    void openMovie();
+    void openMovie() { m_movie->openMovie(); }
     // Switches to a player kind (0 none, 1 libmpv, 2 libVLC); nothing when it is current.
-    void prepareMovieController(int kind);
+    void prepareMovieController(int kind) { m_movie->prepareController(kind); }
     // Neither player could open the movie: back to no movie, and the user is told (after the
     // current call, never from inside a player's report) which file and why.
-    void resetAfterFailing();
+    void resetAfterFailing() { m_movie->resetAfterFailing(); }
     // Ticks the n-th audio track, hands it to the player and remembers it as "AudioTrack".
-    void setActiveTrack(int index);
-    const QList<AudioTrackItem> &audioMenuItems() const { return m_audioItems; }
+    void setActiveTrack(int index) { m_movie->setActiveTrack(index); }
+    const QList<AudioTrackItem> &audioMenuItems() const { return m_movie->audioMenuItems(); }
     // The movie's extraction finished (or there was none to run).
-    void subtitleExtractorFinished();
+    void subtitleExtractorFinished() { m_movie->subtitleExtractorFinished(); }
     // Runs an extraction of the loaded movie (the media side): subtitles and/or chapter
     // marks, only for files missing beside it; it calls subtitleExtractorFinished() when done.
     void setExtractionHook(std::function<void(bool subtitles, bool chapters)> hook)
     {
-        m_extractionHook = std::move(hook);
+        m_movie->setExtractionHook(std::move(hook));
     }
-    bool canEmbed() const;
+    bool canEmbed() const { return m_movie->canEmbed(); }
     // Offers to embed edited subtitles before the movie is left; true when embedding started.
-    bool willAutoEmbed();
+    bool willAutoEmbed() { return m_movie->willAutoEmbed(); }
     // Opens the embedding options for the movie (through the command handler).
-    void embedSubtitle();
+    void embedSubtitle() { m_movie->embedSubtitle(); }
     // True until the first web search for the loaded movie has been opened.
-    bool isFirstWebSearch() const { return m_firstWebSearch; }
-    void setFirstWebSearch(bool first) { m_firstWebSearch = first; }
+    bool isFirstWebSearch() const { return m_movie->isFirstWebSearch(); }
+    void setFirstWebSearch(bool first) { m_movie->setFirstWebSearch(first); }
     // What the rewind/step buttons move by, in seconds; empty while frame stepping is off.
-    const QList<double> &frameStepAmounts() const { return m_frameSteps; }
+    const QList<double> &frameStepAmounts() const { return m_movie->frameStepAmounts(); }
 
-    void movieControllerDidLoadMovie(PlaybackControl *controller) override;
-    void movieControllerFaildLoading(PlaybackControl *controller) override;
-    void movieControllerChangedPlaying(PlaybackControl *controller, bool playing) override;
-    void movieControllerChangedTime(PlaybackControl *controller, double seconds) override;
+    void movieControllerDidLoadMovie(PlaybackControl *controller) override
+    {
+        m_movie->controllerDidLoad(controller);
+    }
+    void movieControllerFaildLoading(PlaybackControl *controller) override
+    {
+        m_movie->controllerFailedLoading(controller);
+    }
+    void movieControllerChangedPlaying(PlaybackControl *controller, bool playing) override
+    {
+        m_movie->controllerChangedPlaying(controller, playing);
+    }
+    void movieControllerChangedTime(PlaybackControl *controller, double seconds) override
+    {
+        m_movie->controllerChangedTime(controller, seconds);
+    }
     // True when the movie's folder can be written to (asking the user for a folder if not).
     bool canGetAccessToFolder(const QString &moviePath);
     // The store of folders the user gave access to ("Boomarks.plist"); tests point it
@@ -277,11 +289,11 @@ public:
     void setFolderPermissionStore(const QString &path) { m_permissionStorePath = path; }
 
     // --- sheets ----------------------------------------------------------------------------
-    void addSheet(const Sheet &sheet);
-    void showNextSheet();
-    void didEndSheet(const Sheet &sheet, int returnCode);
-    qsizetype waitingSheetCount() const { return m_waitingSheets.size(); }
-    bool hasWaitingSheet(const Sheet &sheet) const { return m_waitingSheets.contains(sheet); }
+    void addSheet(const Sheet &sheet) { m_sheets->add(sheet); }
+    void showNextSheet() { m_sheets->showNext(); }
+    void didEndSheet(const Sheet &sheet, int returnCode) { m_sheets->didEnd(sheet, returnCode); }
+    qsizetype waitingSheetCount() const { return m_sheets->waitingCount(); }
+    bool hasWaitingSheet(const Sheet &sheet) const { return m_sheets->isWaiting(sheet); }
 
     // --- editing commands ----------------------------------------------------------------
     void addSubtitle();
@@ -318,6 +330,8 @@ public:
         m_extractableSubtitles = subtitleTracks;
         m_extractableChapters = chapterTrack;
     }
+    int extractableSubtitleCount() const { return m_extractableSubtitles; }
+    bool hasExtractableChapters() const { return m_extractableChapters; }
 
     // --- durations ------------------------------------------------------------------
     // The duration sheet's start button: the validation message, or empty after running.
@@ -383,6 +397,9 @@ protected:
 
 private:
     friend class NoVerifyingScope;
+    friend class FixController;
+    friend class MovieSession;
+    friend class LanguageFiles;
     // CueListEditorDelegate
     void cueListWillChange() override;
     void cueListDidChange() override;
@@ -420,21 +437,14 @@ private:
     void subtitleEndGrew(const SubtitlePtr &cue);
     void subtitleStartReduced(const SubtitlePtr &cue);
     void videoTextTimeChanged(VHSubtitle *mark);
-    bool canShift() const;
-    void rebuildLanguageButton();
-    void updateRangeNotification();
+    bool canShift() const { return m_fix->canShift(); }
+    void updateRangeNotification() { m_fix->updateRange(); }
     void markChanged() { setHasChanged(true); }
-    void movieDidLoad();
-    void movieFaildLoading();
-    void tellMovieCouldNotBeOpened(const QString &path, const QStringList &reasons);
-    void fillAudioMenu();
-    void showAudioMenu();
     qsizetype indexOfSubtitle(const VHSubtitle *cue) const;
 
     ProjectView *m_view;
-    PlaybackControl *m_player;
+    std::unique_ptr<MovieSession> m_movie;
 
-    QString m_moviePath;
     QString m_basePath;
     bool m_isChaptermark = false;
     SubtitleList m_subtitles;
@@ -449,37 +459,22 @@ private:
     bool m_forced = false;
     bool m_isFixed = false;
     bool m_hasChanged = false;
-    int m_fixMode = 0;
     QString m_searchString;
     QString m_foldedSearch;
     bool m_searchIsAscii = true;
     bool m_searchCaseSensitive = false;
     bool m_showReplace = false;
-    LanguageList m_languages;
-    qsizetype m_selectedLanguageIndex = -1;
-    QList<Sheet> m_waitingSheets;
+    std::unique_ptr<LanguageFiles> m_languageFiles = std::make_unique<LanguageFiles>(*this);
+    std::unique_ptr<SheetQueue> m_sheets = std::make_unique<SheetQueue>(m_view);
     QString m_permissionStorePath;
     std::unique_ptr<FolderPermissions> m_permissions;
-    QString m_newLocale;
-    double m_fps = 0;
-    double m_movieDuration = 0;
-    int m_movieKind = 0;
-    int m_firstPlayerKind = 1; // the player the open movie was tried with first
     int m_embeddingState = 0;
     int m_extractableSubtitles = 0;
     bool m_extractableChapters = false;
     bool m_noVerifying = false;
     bool m_noAdjust = false;
     bool m_willTerminate = false;
-    int m_modifiers = NoModifier;
     std::function<bool()> m_willAutoEmbed;
-    PlaybackControlFactory m_controllerFactory;
-    std::function<void(bool, bool)> m_extractionHook;
-    QList<AudioTrackItem> m_audioItems;
-    // What each player said when it could not open the movie being opened.
-    QStringList m_movieLoadErrors;
-    QList<double> m_frameSteps;
-    bool m_firstWebSearch = true;
     bool m_allowArrows = true;
     bool m_closing = false;
     // Deferred work holds a weak reference to this, so that it does nothing once the project
@@ -488,8 +483,7 @@ private:
     std::function<void(const QString &)> m_commandHandler;
     Observable::KeyToken m_cueBinding;
     std::vector<ScopedObserver> m_cueObservers;
-    FixRange m_range;
-    RangeDisplay m_rangeDisplay;
+    std::unique_ptr<FixController> m_fix = std::make_unique<FixController>(*this);
     // Last, so that it goes first: it stops listening to the cues of the list above.
     std::unique_ptr<CueListEditor> m_editor;
 };

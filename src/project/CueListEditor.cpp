@@ -1,5 +1,7 @@
 #include "CueListEditor.h"
 
+#include <atomic>
+
 #include "MainQueue.h"
 
 #include <QCoreApplication>
@@ -58,6 +60,14 @@ void CueListEditor::release(const SubtitleList &cues)
     }
 }
 
+quint64 CueListEditor::newRecordMark()
+{
+    // Unique across editors: a cue taken from one list into another never carries a mark that
+    // the other editor's record could mistake for its own.
+    static std::atomic<quint64> next{1};
+    return next.fetch_add(1, std::memory_order_relaxed);
+}
+
 void CueListEditor::cueWillChange(VHSubtitle &cue)
 {
     if (m_applying)
@@ -68,9 +78,9 @@ void CueListEditor::cueWillChange(VHSubtitle &cue)
         // closes with the queue like any other.
         open(QCoreApplication::translate("CueListEditor", "Change"), 0);
     }
-    if (m_recordedIndex.contains(&cue))
+    if (cue.editMark() == m_recordMark)
         return;
-    m_recordedIndex.insert(&cue, qsizetype(m_recorded.size()));
+    cue.setEditMark(m_recordMark);
     m_recorded.emplace_back(&cue, cue.values());
 }
 
@@ -175,7 +185,7 @@ void CueListEditor::flush()
         last = std::max(last, row);
     }
     m_recorded.clear();
-    m_recordedIndex.clear();
+    m_recordMark = newRecordMark();
     if (operation.changes.empty())
         return;
     m_step.operations.push_back(std::move(operation));
@@ -389,7 +399,7 @@ void CueListEditor::load(const SubtitleList &list)
         m_depth = 0;
     }
     m_recorded.clear();
-    m_recordedIndex.clear();
+    m_recordMark = newRecordMark();
     applyReplace(list);
     m_history = std::make_shared<History>();
     m_history->cleanFingerprint = fingerprint(m_list);

@@ -183,7 +183,10 @@ private:
     int m_depth = 0;
     bool m_applying = false;
     Step m_step;
-    QHash<const VHSubtitle *, qsizetype> m_recordedIndex;
+    // The mark of the cues whose values m_recorded holds; a new one for every new record, so
+    // that marks left on cues by earlier records never match.
+    quint64 m_recordMark = newRecordMark();
+    static quint64 newRecordMark();
     std::vector<std::pair<const VHSubtitle *, CueState>> m_recorded;
     qsizetype m_rowHint = 0;
     // Rows of the list's cues, made when first needed and kept until rows move.

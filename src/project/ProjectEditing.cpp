@@ -3,6 +3,7 @@
 #include "CTWindowController.h"
 #include "NotificationCenter.h"
 #include "PlaybackControl.h"
+#include "ProjectSettings.h"
 #include "ProjectView.h"
 #include "Settings.h"
 #include "VHVideoText.h"
@@ -51,7 +52,7 @@ void CTWindowController::setSearchCaseSensitive(bool caseSensitive)
 {
     const SubtitleList selected = selectedCues();
     m_searchCaseSensitive = caseSensitive;
-    Settings::shared().setValue(u"searchCaseSensitive"_s, caseSensitive);
+    Preferences::SearchCaseSensitive.set(caseSensitive);
     updateSearchPredicate(selected);
 }
 
@@ -64,8 +65,8 @@ void CTWindowController::setShowReplace(bool show)
 
 void CTWindowController::resetMessages()
 {
-    Settings::shared().remove(u"ShownDisclaimer"_s);
-    Settings::shared().remove(u"ShownTap2Sync"_s);
+    Preferences::ShownDisclaimer.remove();
+    Preferences::ShownTap2Sync.remove();
 }
 
 void CTWindowController::updateSearchPredicate(const SubtitleList &selected)
@@ -164,7 +165,7 @@ void CTWindowController::addSubtitle()
     double start = 0;
     qsizetype index = 0;
     if (hasMovie()) {
-        start = m_player->currentTime();
+        start = movieController()->currentTime();
         index = subtitleIndexAtTime(start);
     } else if (!m_subtitles.isEmpty()) {
         const SubtitleList selected = selectedCues();
@@ -186,7 +187,7 @@ void CTWindowController::addSubtitle()
                 m_subtitles[i]->setString(name.arg(i + 2));
         }
     } else {
-        const float length = float(Settings::shared().doubleValue(u"SubtitleLength"_s));
+        const float length = float(Preferences::SubtitleLength.value());
         cue = VHSubtitle::create(tr("Subtitle", "the text of a new subtitle line"), start,
                                  start + double(length));
     }
@@ -234,7 +235,7 @@ void CTWindowController::deleteSubtitle()
             const bool old = m_noVerifying;
             m_noVerifying = true;
             VHVideoText::correctChapterMarks(m_subtitles,
-                                             hasMovie() ? m_movieDuration : m_subtitles.last()->end());
+                                             hasMovie() ? movieDuration() : m_subtitles.last()->end());
             m_noVerifying = old;
         } else {
             addSubtitle();
@@ -242,8 +243,8 @@ void CTWindowController::deleteSubtitle()
     } else {
         updateRangeNotification();
     }
-    if (m_player)
-        m_player->redrawCurrentSubtitle();
+    if (movieController())
+        movieController()->redrawCurrentSubtitle();
     markChanged();
     const qsizetype row = std::min(first, arrangedSubtitles().size() - 1);
     if (row >= 0)
@@ -267,86 +268,6 @@ void CTWindowController::silentGotoPreviousSubtitle()
         return;
     }
     setSelectionIndices({m_selection.first() - 1});
-}
-
-// --- menus ---------------------------------------------------------------------------------
-
-CTWindowController::MenuState CTWindowController::validateMenuItem(const QString &command,
-                                                                   std::optional<bool> inChapterMenu) const
-{
-    MenuState state;
-    if (m_view && m_view->hasAttachedSheet()) {
-        state.enabled = false;
-        return state;
-    }
-    if (inChapterMenu && *inChapterMenu != m_isChaptermark) {
-        state.enabled = false;
-        return state;
-    }
-    const bool hasBase = !m_basePath.isEmpty();
-    if (command == u"undo:"_s) {
-        state.title = m_editor->undoTitle();
-        state.enabled = m_editor->canUndo();
-    } else if (command == u"redo:"_s) {
-        state.title = m_editor->redoTitle();
-        state.enabled = m_editor->canRedo();
-    } else if (command == u"extractAllSubtitles:"_s) {
-        if (m_extractableSubtitles > 0) {
-            const int count = int(m_extractableSubtitles);
-            if (m_extractableChapters)
-                state.title = count == 1 ? tr("Extract 1 Subtitle and Chapter Marks")
-                                         : tr("Extract %n Subtitles and Chapter Marks", nullptr, count);
-            else
-                state.title =
-                    count == 1 ? tr("Extract 1 Subtitle") : tr("Extract %n Subtitles", nullptr, count);
-        } else {
-            state.title = m_extractableChapters ? tr("Extract Chapter Marks")
-                                                : tr("No Extractable Subtitle or Chapter Marks");
-        }
-        state.enabled = m_extractableSubtitles > 0 || m_extractableChapters;
-    } else if (command == u"reloadSubtitle:"_s) {
-        state.title = m_isChaptermark ? tr("Reload Chapter Marks") : tr("Reload Subtitle");
-        state.enabled = hasBase;
-    } else if (command == u"saveSubtitle:"_s) {
-        state.title = m_isChaptermark ? tr("Save Chapter Marks") : tr("Save Subtitle");
-        state.enabled = hasBase;
-    } else if (command == u"exportSubtitle:"_s) {
-        state.enabled = hasBase && !m_subtitles.isEmpty();
-    } else if (command == u"embedSubtitle:"_s) {
-        state.enabled = hasMovie();
-    } else if (command == u"shouldCloseProject:"_s) {
-        state.enabled = hasBase;
-    } else if (command == u"fixSubtitleStart:"_s) {
-        state.enabled = canFix();
-    } else if (command == u"fixSingleSubtitleStart:"_s) {
-        state.title =
-            m_isChaptermark ? tr("Fix Single Chapter Mark Time") : tr("Fix Single Subtitle Line Time");
-        state.enabled = canFix();
-    } else if (command == u"shiftSubtitles:"_s) {
-        state.enabled = hasMovie() && m_currentSubtitle && canShift();
-    } else if (command == u"deleteSubtitle:"_s) {
-        const int count = int(m_selection.size());
-        if (m_isChaptermark)
-            state.title =
-                count == 1 ? tr("Delete Chapter Mark") : tr("Delete %n Chapter Marks", nullptr, count);
-        else
-            state.title =
-                count == 1 ? tr("Delete Subtitle Line") : tr("Delete %n Subtitle Lines", nullptr, count);
-        state.enabled = !m_selection.isEmpty();
-    } else if (command == u"addSubtitle:"_s) {
-        state.title = m_isChaptermark ? tr("Add Chapter Mark") : tr("Add Subtitle Line");
-        state.enabled = hasBase;
-    } else if (command == u"toggleTap2Sync:"_s) {
-        state.title = m_fixMode == 4 ? tr("Exit \"Tap2Sync\" Mode") : tr("Enter \"Tap2Sync\" Mode");
-        state.checked = m_fixMode == 4;
-        state.enabled = hasMovie();
-    } else if (command == u"convertChapterMarkToSubtitle:"_s) {
-        state.enabled = m_isChaptermark;
-    } else if (command == u"scrub:"_s || command == u"playPause:"_s || command == u"stepForward:"_s ||
-               command == u"stepBackward:"_s || command == u"rewind:"_s || command == u"fastForward:"_s) {
-        state.enabled = hasMovie();
-    }
-    return state;
 }
 
 // --- durations ------------------------------------------------------------------------------
@@ -388,7 +309,7 @@ void CTWindowController::adjustDurationPerCharacter(double perCharacter, double 
         const SubtitlePtr cue = m_subtitles[i];
         const qsizetype next = firstFrom(i + 1);
         const bool last = next >= m_subtitles.size();
-        const double limit = last ? m_movieDuration : m_subtitles[next]->start();
+        const double limit = last ? movieDuration() : m_subtitles[next]->start();
         const double available = limit - cue->start();
         const double wanted = double(cue->string().size()) * perCharacter;
         double d = std::min(wanted, available - gap);

@@ -6,6 +6,7 @@
 #include "Log.h"
 #include "MainQueue.h"
 #include "PlaybackControl.h"
+#include "ProjectSettings.h"
 #include "Prompter.h"
 #include "Settings.h"
 #include "VHVideoText.h"
@@ -65,14 +66,13 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
                 target = path;
         }
     } else {
-        if (m_moviePath.isEmpty() && !path.isEmpty() && (m_basePath.isEmpty() || !path.contains(m_basePath)))
+        if (moviePath().isEmpty() && !path.isEmpty() && (m_basePath.isEmpty() || !path.contains(m_basePath)))
             setBasePath(CTFileHelper::stringByDeletingLocaleAndPathExtension(path));
-        QString identifier = m_newLocale;
+        QString identifier = m_languageFiles->takeNewLocale();
         if (identifier.isNull() && !path.isEmpty())
             identifier = CTLanguage::languageWithFile(path, m_basePath)->localeIdentifier();
         const QString extension = identifier.isEmpty() ? u"srt"_s : identifier + u".srt"_s;
         target = CTFileHelper::pathWithBase(m_basePath, extension, path);
-        m_newLocale = QString();
     }
 
     m_isChaptermark = chapterMark;
@@ -80,12 +80,11 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
     bool loaded = false;
     bool salvaged = false; // a file no reader accepts, read tolerantly: saving makes it clean
     if (!path.isEmpty() && pathExists(path)) {
-        const auto encoding =
-            Encodings::canonical(EncodingId(Settings::shared().integerValue(u"Encoding"_s)));
+        const auto encoding = Encodings::canonical(EncodingId(Preferences::Encoding.value()));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
-            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
-                        : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional,
+            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, movieDuration(), encoding, optional)
+                        : VHSubtitle::subtitlesFromFileAtURL(path, fps(), movieDuration(), encoding, optional,
                                                              VHSubtitle::Salvage::Ask, &salvaged);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(defaultFixMode());
@@ -122,9 +121,9 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         m_editor->markUnsaved();
 
     if (target.isEmpty())
-        Settings::shared().remove(u"LastSubtitle"_s);
+        Preferences::LastSubtitle.remove();
     else
-        Settings::shared().setValue(u"LastSubtitle"_s, target);
+        Preferences::LastSubtitle.set(target);
     didChangeValueForKey(u"subtitlePath"_s);
     didChangeValueForKey(u"hasSubtitleFile"_s);
     if (!target.isEmpty() && m_view)
@@ -203,12 +202,11 @@ void CTWindowController::exportSubtitle()
 {
     if (m_isChaptermark || !m_view)
         return;
-    Settings &settings = Settings::shared();
     SavePanelOptions options;
     options.exportAccessory = true;
-    options.exportType = int(settings.integerValue(u"ExportType"_s));
-    options.exportEncoding = Encodings::canonical(EncodingId(settings.integerValue(u"ExportEncoding"_s)));
-    options.windowsLineBreaks = settings.boolValue(u"WindowsLineBreaks"_s);
+    options.exportType = int(Preferences::ExportType.value());
+    options.exportEncoding = Encodings::canonical(EncodingId(Preferences::ExportEncoding.value()));
+    options.windowsLineBreaks = Preferences::WindowsLineBreaks.value();
     options.allowedTypes = {options.exportType == 1 ? u"vtt"_s : u"srt"_s};
     options.directory = QFileInfo(m_basePath).path();
     QString path = m_view->runSavePanel(options);
@@ -221,9 +219,9 @@ void CTWindowController::exportSubtitle()
         VHVideoText::writeVideoText(m_subtitles, path, options.exportEncoding, options.windowsLineBreaks);
     else
         VHSubtitle::writeSubtitles(m_subtitles, path, options.exportEncoding, options.windowsLineBreaks);
-    settings.setValue(u"ExportEncoding"_s, qint64(options.exportEncoding));
-    settings.setValue(u"WindowsLineBreaks"_s, options.windowsLineBreaks);
-    settings.setValue(u"ExportType"_s, options.exportType);
+    Preferences::ExportEncoding.set(qint64(options.exportEncoding));
+    Preferences::WindowsLineBreaks.set(options.windowsLineBreaks);
+    Preferences::ExportType.set(options.exportType);
 }
 
 void CTWindowController::newSubtitle()
@@ -254,7 +252,7 @@ void CTWindowController::convertChapterMarkToSubtitle()
     saveSubtitleAt(target);
     updateLanguages();
     setSubtitlePath(target, false);
-    const double length = Settings::shared().doubleValue(u"SubtitleLength"_s);
+    const double length = Preferences::SubtitleLength.value();
     adjustDurationPerCharacter(100000, length, length, 0, false);
     saveSubtitle();
 }
@@ -262,9 +260,7 @@ void CTWindowController::convertChapterMarkToSubtitle()
 void CTWindowController::deleteSubtitleFile()
 {
     const QString path = subtitlePath();
-    const QString name = m_selectedLanguageIndex >= 0 && m_selectedLanguageIndex < m_languages.size()
-                             ? m_languages[m_selectedLanguageIndex]->displayName()
-                             : QString();
+    const QString name = m_languageFiles->selectedTitle();
     Prompt prompt;
     prompt.message = tr("Are you sure your want to delete '%1'\n%2").arg(name, path);
     prompt.buttons = {tr("Delete '%1'").arg(name), tr("Cancel")};
@@ -336,7 +332,7 @@ void CTWindowController::finishedDownloading(const QString &path)
     // Without a movie there is no name to save the download under: the user picks one, and
     // it becomes the file the next save writes to.
     QString chosen;
-    if (m_moviePath.isEmpty() && m_view) {
+    if (moviePath().isEmpty() && m_view) {
         SavePanelOptions options;
         options.allowedTypes = {u"srt"_s};
         options.nameFieldValue = QFileInfo(file).fileName();

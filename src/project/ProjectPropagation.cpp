@@ -59,7 +59,7 @@ void CTWindowController::subtitleEndGrew(const SubtitlePtr &cue)
     if (i + 1 < m_subtitles.size())
         limit = m_subtitles[i + 1]->start();
     else if (hasMovie()) // no movie means no playback controller of any kind
-        limit = m_player->duration();
+        limit = movieController()->duration();
     else
         return;
     if (limit < cue->end()) {
@@ -122,7 +122,7 @@ void CTWindowController::videoTextTimeChanged(VHSubtitle *mark)
         mark->setStart(std::min(mark->start(), next));
         mark->setEnd(next);
     } else if (hasMovie()) {
-        mark->setEnd(m_movieDuration);
+        mark->setEnd(movieDuration());
     }
     m_noVerifying = old;
 }

@@ -21,20 +21,20 @@ struct Sheet
 // One item of the language pop-up as the window shows it.
 struct LanguageButtonItem
 {
-    QString title;      // unique within the button ("~" appended where needed)
+    QString title; // unique within the button ("~" appended where needed)
     bool separator = false;
     bool submenu = false;
 };
 
 struct SavePanelOptions
 {
-    QStringList allowedTypes;   // extensions without the dot
-    QString directory;          // where the panel opens
-    QString nameFieldValue;     // the name it proposes
+    QStringList allowedTypes; // extensions without the dot
+    QString directory;        // where the panel opens
+    QString nameFieldValue;   // the name it proposes
     // Export: the panel carries the format, encoding and line-break choices; the window
     // writes the user's choices back here before answering.
     bool exportAccessory = false;
-    int exportType = 0;         // 1 = WebVTT, otherwise SubRip
+    int exportType = 0; // 1 = WebVTT, otherwise SubRip
     quint32 exportEncoding = 0;
     bool windowsLineBreaks = false;
 };

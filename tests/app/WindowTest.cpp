@@ -19,6 +19,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -268,7 +269,7 @@ TEST_F(WindowTest, Tap2SyncGivesTheSpaceBarToTheFixControl)
     Settings::shared().setValue(u"ShownTap2Sync"_s, true);
     window->cueTable()->selectRow(0);
     window->runCommand(u"toggleTap2Sync:"_s);
-    ASSERT_EQ(window->project()->fixMode(), 4);
+    ASSERT_EQ(window->project()->fixMode(), FixMode::Tap2Sync);
     EXPECT_TRUE(window->action(u"playPause:"_s)->shortcut().isEmpty());
     EXPECT_EQ(window->fixButton()->title(), u"Tap"_s);
     EXPECT_EQ(QApplication::focusWidget(), window->fixButton());
@@ -279,7 +280,7 @@ TEST_F(WindowTest, Tap2SyncGivesTheSpaceBarToTheFixControl)
     EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{1}); // on to the next line
 
     QTest::keyClick(window->fixButton(), Qt::Key_Escape);
-    EXPECT_EQ(window->project()->fixMode(), 1);
+    EXPECT_EQ(window->project()->fixMode(), FixMode::Fix);
     EXPECT_EQ(window->action(u"playPause:"_s)->shortcut(), QKeySequence(Qt::Key_Space));
     EXPECT_EQ(window->fixButton()->title(), u"Fix"_s);
 }
@@ -453,15 +454,16 @@ TEST_F(WindowTest, TheFixControlNamesTheModeAndShowsTheShiftInSteps)
     CTFixButton button;
     struct Case
     {
-        int mode;
+        FixMode mode;
         const char *title;
         bool takesFocus;
     };
-    for (const Case &c : {Case{0, "Fix", false}, Case{1, "Fix", false}, Case{2, "Shift", false},
-                          Case{3, "Single", false}, Case{4, "Tap", true}}) {
+    for (const Case &c : {Case{FixMode::None, "Fix", false}, Case{FixMode::Fix, "Fix", false},
+                          Case{FixMode::Shift, "Shift", false}, Case{FixMode::Single, "Single", false},
+                          Case{FixMode::Tap2Sync, "Tap", true}}) {
         button.setFixMode(c.mode);
         EXPECT_EQ(button.title(), QString::fromLatin1(c.title));
-        EXPECT_EQ(button.focusPolicy() != Qt::NoFocus, c.takesFocus) << c.mode;
+        EXPECT_EQ(button.focusPolicy() != Qt::NoFocus, c.takesFocus) << int(c.mode);
     }
     button.setTimeShift(1.0);
     EXPECT_EQ(button.subtitle(), u"+1.00s"_s);
@@ -732,4 +734,54 @@ TEST_F(WindowTest, TheSearchKeepsTheSelectedLinesHighlighted)
     EXPECT_EQ(selectedRows(), QList<int>{5});
     EXPECT_EQ(window->project()->selectionIndices(), QList<qsizetype>{5});
     EXPECT_EQ(window->textField()->toPlainText(), u"Line 6"_s);
+}
+
+TEST_F(WindowTest, EveryCommandHasOneItemKeysNoOtherItemTakesAndSomethingToRunIt)
+{
+    // Two items with the same key make Qt run neither ("ambiguous shortcut"): every key of the
+    // menus must be unique, and every item of the menus must come from the table of commands.
+    QHash<QKeySequence, QString> owners;
+    QStringList itemsWithCommands;
+    std::function<void(QMenu *)> visit = [&](QMenu *menu) {
+        for (QAction *item : menu->actions()) {
+            if (item->menu()) {
+                visit(item->menu());
+                continue;
+            }
+            const QString command = item->property("command").toString();
+            if (command.isEmpty())
+                continue;
+            itemsWithCommands << command;
+            for (const QKeySequence &key : item->shortcuts()) {
+                EXPECT_FALSE(owners.contains(key))
+                    << key.toString().toStdString() << " is taken by " << owners.value(key).toStdString()
+                    << " and " << command.toStdString();
+                owners.insert(key, command);
+            }
+        }
+    };
+    for (QAction *top : window->menuBar()->actions())
+        if (top->menu())
+            visit(top->menu());
+
+    QStringList table;
+    QStringList handled;
+    window->setCommandHandler([&](const QString &command) { handled << command; });
+    window->project()->setExtractableCounts(1, false); // else the extract item is off
+    for (const ProjectWindow::Command &command : ProjectWindow::commandTable()) {
+        EXPECT_FALSE(table.contains(command.id)) << command.id.toStdString();
+        table << command.id;
+        ASSERT_NE(window->action(command.id), nullptr) << command.id.toStdString();
+        EXPECT_FALSE(window->action(command.id)->text().isEmpty());
+        EXPECT_EQ(ProjectWindow::command(command.id), &command);
+        if (!command.action) {
+            // Runs in the wiring around the window: it must reach the handler.
+            window->runCommand(command.id);
+            EXPECT_TRUE(handled.contains(command.id)) << command.id.toStdString();
+        }
+    }
+    std::sort(itemsWithCommands.begin(), itemsWithCommands.end());
+    std::sort(table.begin(), table.end());
+    EXPECT_EQ(itemsWithCommands, table);
+    EXPECT_EQ(ProjectWindow::command(u"noSuchCommand:"_s), nullptr);
 }

@@ -1,4 +1,5 @@
 #include "Observable.h"
+#include "SettingKey.h"
 #include "Settings.h"
 #include "TestSupport.h"
 
@@ -76,4 +77,43 @@ TEST(Settings, StoredValuesWinOverDefaultsPersistAndAnnounceTheirKey)
     reread.useFile(file);
     EXPECT_EQ(reread.integerValue(u"Encoding"_s), 12);
     EXPECT_FALSE(reread.contains(u"Name"_s)); // defaults live in code, not in the file
+}
+
+TEST(Settings, TypedKeysReadWhatAnOlderFileStoredAsTextAndWriteTheirOwnType)
+{
+    // INI files keep every value as text; a typed key must read "false" as false, not as a
+    // non-empty string that converts to true, and numbers in either notation.
+    TempDir dir;
+    const QString file = dir.write(u"settings.ini"_s, "[General]\nFlag=false\nOther=true\nDelay=0.25\n"
+                                                      "Count=12\nName=Nobody\n");
+    Settings::shared().useFile(file);
+    constexpr SettingKey<bool> flag{u"Flag"};
+    constexpr SettingKey<bool> other{u"Other"};
+    constexpr SettingKey<double> delay{u"Delay"};
+    constexpr SettingKey<qint64> count{u"Count"};
+    constexpr SettingKey<int> missing{u"Missing"};
+    constexpr SettingKey<QString> name{u"Name"};
+    EXPECT_FALSE(flag.value());
+    EXPECT_TRUE(other.value());
+    EXPECT_DOUBLE_EQ(delay.value(), 0.25);
+    EXPECT_EQ(count.value(), 12);
+    EXPECT_EQ(missing.value(), 0);
+    EXPECT_EQ(name.value(), u"Nobody"_s);
+    EXPECT_EQ(flag.name(), u"Flag"_s);
+
+    Settings::shared().registerDefaults({{missing.name(), 7}});
+    EXPECT_EQ(missing.value(), 7);
+    EXPECT_FALSE(missing.isStored());
+    missing.set(3);
+    delay.set(1.5);
+    flag.set(true);
+    Settings::shared().sync();
+    Settings reread;
+    reread.useFile(file);
+    EXPECT_EQ(reread.integerValue(u"Missing"_s), 3);
+    EXPECT_DOUBLE_EQ(reread.doubleValue(u"Delay"_s), 1.5);
+    EXPECT_TRUE(reread.boolValue(u"Flag"_s));
+    flag.remove();
+    EXPECT_FALSE(flag.isStored());
+    Settings::shared().useFile(dir.path(u"other.ini"_s));
 }

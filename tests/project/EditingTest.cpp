@@ -170,7 +170,7 @@ TEST_F(ProjectTest, MenuTitlesAndEnabledStates)
     EXPECT_EQ(title(u"addSubtitle:"_s), u"Add Subtitle Line"_s);
     EXPECT_FALSE(enabled(u"exportSubtitle:"_s)); // no cue yet
     EXPECT_EQ(title(u"toggleTap2Sync:"_s), u"Enter \"Tap2Sync\" Mode"_s);
-    project->setFixMode(4);
+    project->setFixMode(FixMode::Tap2Sync);
     EXPECT_EQ(title(u"toggleTap2Sync:"_s), u"Exit \"Tap2Sync\" Mode"_s);
     EXPECT_TRUE(project->validateMenuItem(u"toggleTap2Sync:"_s).checked);
     EXPECT_FALSE(project->validateMenuItem(u"addSubtitle:"_s, true).enabled);

@@ -23,7 +23,7 @@ TEST_F(ProjectTest, SubRipBesideTheMovieLoadsAsItsOwnTargetAndSavesUnchanged)
     EXPECT_TRUE(project->subtitles()[1]->forced());
     EXPECT_FALSE(project->hasChanged());
     EXPECT_FALSE(view.edited);
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
 
     project->saveSubtitle();
     EXPECT_EQ(dir.read(u"Film.en.srt"_s), canonical());

@@ -110,7 +110,7 @@ TEST_F(MovieTest, AMovieNeitherPlayerOpensResetsTheProject)
     EXPECT_TRUE(project->basePath().isEmpty());
     EXPECT_TRUE(project->subtitlePath().isEmpty());
     EXPECT_EQ(project->movieKind(), 0);
-    EXPECT_EQ(project->fixMode(), 0);
+    EXPECT_EQ(project->fixMode(), FixMode::None);
     EXPECT_FALSE(project->hasMovie());
     EXPECT_EQ(project->movieController(), nullptr);
     EXPECT_DOUBLE_EQ(view.aspectRatio, 1.7777777777777777);
@@ -194,7 +194,7 @@ TEST_F(MovieTest, ALoadedMovieGivesItsFrameRateLengthAndShape)
         EXPECT_DOUBLE_EQ(view.fixDuration, 120);
         EXPECT_TRUE(view.playerViewVisible);
         EXPECT_FALSE(view.backgroundVisible);
-        EXPECT_EQ(project->fixMode(), 1);
+        EXPECT_EQ(project->fixMode(), FixMode::Fix);
         EXPECT_EQ(Settings::shared().stringValue(u"LastVideo"_s), movie);
         EXPECT_EQ(project->languages().last()->action(), u"embedSubtitle:"_s);
     }

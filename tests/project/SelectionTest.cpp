@@ -216,11 +216,11 @@ TEST_F(ProjectTest, ChapterMarksAreEditedInSingleMode)
                              "Chapter 3\n00:01:00.000 --> 00:15:00.000\nFinale\n\n");
     openMovie(900);
     project->setSubtitlePath(dir.path(u"Film.vtt"_s));
-    EXPECT_EQ(project->fixMode(), 3);
+    EXPECT_EQ(project->fixMode(), FixMode::Single);
     const SubtitleList &marks = project->subtitles();
     project->setSelectionIndices({1});
     project->updateFixMode(); // no modifier key held
-    EXPECT_EQ(project->fixMode(), 3);
+    EXPECT_EQ(project->fixMode(), FixMode::Single);
 
     project->setStart(25); // the start field
     expectTimes(marks, {{0, 25}, {25, 60}, {60, 900}});
@@ -228,10 +228,10 @@ TEST_F(ProjectTest, ChapterMarksAreEditedInSingleMode)
     project->fixSubtitleStart();
     expectTimes(marks, {{0, 28}, {28, 60}, {60, 900}});
     project->fixButtonGotEscape();
-    EXPECT_EQ(project->fixMode(), 3);
+    EXPECT_EQ(project->fixMode(), FixMode::Single);
 
     // Back to a subtitle file: Fix mode again.
     dir.write(u"Film.srt"_s, "1\n00:00:01,000 --> 00:00:02,000\nHello\n\n");
     project->setSubtitlePath(dir.path(u"Film.srt"_s));
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
 }

@@ -73,21 +73,21 @@ TEST_F(Tap2SyncTest, TheExplanationShowsUntilSuppressedAndCancelKeepsTheMode)
               "subtitle instantly press space. It will fix that subtitle and move to the next."_s);
     EXPECT_EQ(prompt.buttons, (QStringList{u"Start"_s, u"Cancel"_s}));
     EXPECT_FALSE(prompt.checkboxTitle.isEmpty());
-    EXPECT_EQ(project->fixMode(), 1); // cancelled, box ticked or not
+    EXPECT_EQ(project->fixMode(), FixMode::Fix); // cancelled, box ticked or not
     EXPECT_EQ(menuTitle(), u"Enter \"Tap2Sync\" Mode"_s);
 
     project->toggleTap2Sync(); // Start, box not ticked
-    EXPECT_EQ(project->fixMode(), 4);
+    EXPECT_EQ(project->fixMode(), FixMode::Tap2Sync);
     EXPECT_EQ(project->modeIsFix(), -1);
     EXPECT_EQ(menuTitle(), u"Exit \"Tap2Sync\" Mode"_s);
     project->toggleTap2Sync();
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
     EXPECT_FALSE(Settings::shared().boolValue(u"ShownTap2Sync"_s));
 
     project->toggleTap2Sync(); // Start, box ticked
     project->toggleTap2Sync();
     project->toggleTap2Sync();
-    EXPECT_EQ(project->fixMode(), 4);
+    EXPECT_EQ(project->fixMode(), FixMode::Tap2Sync);
     EXPECT_EQ(prompter.prompts.size(), 3); // never for leaving, and not after the tick
     EXPECT_TRUE(Settings::shared().boolValue(u"ShownTap2Sync"_s));
 }
@@ -155,7 +155,7 @@ TEST_F(Tap2SyncTest, ATapFixesTheStartLessTheDelayAndMovesOnUntilTheLastCue)
     EXPECT_NEAR(cue(3)->end(), 11.7 + 34 * f, 1e-9);
     EXPECT_TRUE(cue(0)->fixed());
     EXPECT_EQ(project->currentSubtitle(), cue(1));
-    EXPECT_EQ(project->fixMode(), 4);
+    EXPECT_EQ(project->fixMode(), FixMode::Tap2Sync);
 
     for (double t : {22.0, 32.0, 42.0}) {
         playAt(t);
@@ -164,7 +164,7 @@ TEST_F(Tap2SyncTest, ATapFixesTheStartLessTheDelayAndMovesOnUntilTheLastCue)
     }
     for (qsizetype i = 1; i < 4; ++i)
         EXPECT_NEAR(cue(i)->start(), 10 * i + 11.7, 1e-9) << "cue " << i;
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
     EXPECT_FALSE(playing.playing);
 }
 
@@ -194,13 +194,13 @@ TEST_F(Tap2SyncTest, EscapeFocusLossStoppedPlaybackAndTheNextAnchorEndTheMode)
         project->setSelectionIndices({1});
         playAt(25);
         project->toggleTap2Sync();
-        ASSERT_EQ(project->fixMode(), 4);
+        ASSERT_EQ(project->fixMode(), FixMode::Tap2Sync);
         ASSERT_TRUE(playing.playing);
         playAt(39.99);
         project->movieChangedPlaying(true);
-        EXPECT_EQ(project->fixMode(), 4);
+        EXPECT_EQ(project->fixMode(), FixMode::Tap2Sync);
         leave();
-        EXPECT_EQ(project->fixMode(), 1);
+        EXPECT_EQ(project->fixMode(), FixMode::Fix);
         EXPECT_FALSE(playing.playing);
     }
 }

@@ -87,14 +87,14 @@ TEST_F(FixTest, TheRangeIsTheRunOfFreeCuesBetweenTheNearestAnchorsAndOnlyItIsAct
     EXPECT_EQ(activeFlags(), (QList<bool>{false, false, true, true}));
     select(2, {3});
     EXPECT_EQ(range(), Range(2, 2, 20, 40));
-    project->setFixMode(3);
+    project->setFixMode(FixMode::Single);
     cue(1)->setFixed(false);
     cue(3)->setFixed(false);
     select(2);
     EXPECT_EQ(range(), Range(2, 2, 20, 40)); // Single: the neighbours bound the cue, fixed or not
     EXPECT_EQ(activeFlags(), (QList<bool>{false, false, true, false}));
 
-    project->setFixMode(1);
+    project->setFixMode(FixMode::Fix);
     select(3, {0});
     EXPECT_EQ(range(), Range(1, 3, 10, 100));
     cue(0)->setFixed(false);
@@ -192,7 +192,7 @@ TEST_F(FixTest, ShiftMovesTheWholeRunByTheSameAmount)
     project->shiftSubtitles();
     MainQueue::main().drain();
     expectTimes(project->subtitles(), {{10, 14}, {23, 27}, {33, 37}, {43, 47}});
-    EXPECT_EQ(project->fixMode(), 1); // the modifier keys choose again
+    EXPECT_EQ(project->fixMode(), FixMode::Fix); // the modifier keys choose again
 
     project->setModeIsShift(true);
     select(2);
@@ -203,7 +203,7 @@ TEST_F(FixTest, ShiftMovesTheWholeRunByTheSameAmount)
     playAt(33 + 57.1);
     EXPECT_FALSE(project->canFix());
     project->shiftSubtitles(); // refused
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
     EXPECT_TRUE(project->canFix()); // Fix only asks for the cue itself to stay in range
     MainQueue::main().drain();
     expectTimes(project->subtitles(), {{10, 14}, {23, 27}, {33, 37}, {43, 47}});
@@ -218,7 +218,7 @@ TEST_F(FixTest, SingleMovesOnlyTheCurrentCueAndKeepsItsLength)
     project->fixSingleSubtitleStart();
     MainQueue::main().drain();
     expectTimes(project->subtitles(), {{10, 14}, {20, 24}, {36, 40}, {40, 44}});
-    EXPECT_EQ(project->fixMode(), 1);
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
 }
 
 // --- tolerance ----------------------------------------------------------------------------------

@@ -1,22 +1,25 @@
-// The project's language menu: building it from the files beside the movie, choosing a
+// The project's language files and pop-up: building it from the files beside the movie, choosing a
 // row, renaming the current file to a language, and picking a file when a movie opens.
+#include "LanguageFiles.h"
 #include "CTFileHelper.h"
 #include "CTWindowController.h"
 #include "FileNames.h"
 #include "LocaleNames.h"
 #include "Log.h"
+#include "ProjectSettings.h"
 #include "ProjectView.h"
 #include "Prompter.h"
 #include "Settings.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-std::shared_ptr<LanguageMenu> CTWindowController::sharedLanguageMenu()
+std::shared_ptr<LanguageMenu> LanguageFiles::sharedMenu()
 {
     // Languages people write subtitles in most, by their names in the interface language;
     // "No Language" names a file without locale.
@@ -38,11 +41,11 @@ std::shared_ptr<LanguageMenu> CTWindowController::sharedLanguageMenu()
     return menu;
 }
 
-void CTWindowController::updateLanguages()
+void LanguageFiles::update()
 {
-    willChangeValueForKey(u"languages"_s);
-    m_languages = CTFileHelper::languagesAtBasePath(m_basePath);
-    const QString current = subtitlePath();
+    m_project.willChangeValueForKey(u"languages"_s);
+    m_languages = CTFileHelper::languagesAtBasePath(m_project.m_basePath);
+    const QString current = m_project.subtitlePath();
     LanguagePtr currentEntry;
     for (const LanguagePtr &language : std::as_const(m_languages)) {
         if (language->path() == current) {
@@ -50,9 +53,9 @@ void CTWindowController::updateLanguages()
             break;
         }
     }
-    if (!currentEntry && !m_basePath.isEmpty() && !m_isChaptermark) {
+    if (!currentEntry && !m_project.m_basePath.isEmpty() && !m_project.m_isChaptermark) {
         // A file opened from elsewhere, or not saved yet.
-        currentEntry = CTLanguage::languageWithFile(current, m_basePath);
+        currentEntry = CTLanguage::languageWithFile(current, m_project.m_basePath);
         m_languages.append(currentEntry);
     }
     std::stable_sort(m_languages.begin(), m_languages.end(), [](const LanguagePtr &a, const LanguagePtr &b) {
@@ -65,20 +68,19 @@ void CTWindowController::updateLanguages()
     auto separator = [] { return CTLanguage::languageWithDisplayName(u""_s, QString()); };
 
     const bool hasChapterFile =
-        !m_basePath.isEmpty() && pathExists(CTFileHelper::chapterMarksPath(m_basePath));
-    if (hasChapterFile || m_isChaptermark) {
+        !m_project.m_basePath.isEmpty() && pathExists(CTFileHelper::chapterMarksPath(m_project.m_basePath));
+    if (hasChapterFile || m_project.m_isChaptermark) {
         const LanguagePtr chapters = command(tr("Chapter Marks"), u"editChapterMark:"_s);
         m_languages.prepend(chapters);
-        if (m_isChaptermark) {
+        if (m_project.m_isChaptermark) {
             currentEntry = chapters;
             m_languages.prepend(separator());
             m_languages.prepend(command(tr("Delete Chapter Marks File"), u"deleteSubtitleFile:"_s));
         }
     }
-    if (!m_isChaptermark) {
+    if (!m_project.m_isChaptermark) {
         m_languages.prepend(separator());
-        m_languages.prepend(
-            CTLanguage::languageWithDisplayName(tr("Set Subtitle Language"), sharedLanguageMenu()));
+        m_languages.prepend(CTLanguage::languageWithDisplayName(tr("Set Subtitle Language"), sharedMenu()));
         m_languages.prepend(command(tr("Delete Current Language"), u"deleteSubtitleFile:"_s));
     }
     m_languages.prepend(separator());
@@ -88,17 +90,17 @@ void CTWindowController::updateLanguages()
     m_languages.prepend(command(tr("Add Empty Subtitle"), u"addSubtitleLanguage:"_s));
 
     m_languages.append(separator());
-    if (m_movieKind == 1)
+    if (m_project.movieKind() == 1)
         m_languages.append(command(tr("Embed Subtitles into Movie"), u"embedSubtitle:"_s));
 
-    m_selectedLanguageIndex = currentEntry ? m_languages.indexOf(currentEntry) : -1;
-    didChangeValueForKey(u"languages"_s);
-    rebuildLanguageButton();
-    if (m_selectedLanguageIndex < 0)
+    m_selectedIndex = currentEntry ? m_languages.indexOf(currentEntry) : -1;
+    m_project.didChangeValueForKey(u"languages"_s);
+    rebuildButton();
+    if (m_selectedIndex < 0)
         logLine(u"Warning: Current subtitle not found in Button"_s);
 }
 
-QList<LanguageButtonItem> CTWindowController::languageButtonItems(const LanguageList &languages)
+QList<LanguageButtonItem> LanguageFiles::buttonItems(const LanguageList &languages)
 {
     QList<LanguageButtonItem> items;
     QStringList titles;
@@ -116,53 +118,60 @@ QList<LanguageButtonItem> CTWindowController::languageButtonItems(const Language
     return items;
 }
 
-void CTWindowController::rebuildLanguageButton()
+QString LanguageFiles::selectedTitle() const
 {
-    if (m_view)
-        m_view->setLanguageButton(languageButtonItems(m_languages), m_selectedLanguageIndex);
+    return m_selectedIndex >= 0 && m_selectedIndex < m_languages.size()
+               ? m_languages[m_selectedIndex]->displayName()
+               : QString();
 }
 
-void CTWindowController::selectSubtitleLanguage(qsizetype index)
+void LanguageFiles::rebuildButton()
 {
-    if (index == m_selectedLanguageIndex || index < 0 || index >= m_languages.size())
+    if (m_project.m_view)
+        m_project.m_view->setLanguageButton(buttonItems(m_languages), m_selectedIndex);
+}
+
+void LanguageFiles::select(qsizetype index)
+{
+    if (index == m_selectedIndex || index < 0 || index >= m_languages.size())
         return;
     const LanguagePtr language = m_languages[index];
     if (!language->action().isEmpty()) {
-        runLanguageCommand(language->action());
-        rebuildLanguageButton(); // commands never stay selected
+        runCommand(language->action());
+        rebuildButton(); // commands never stay selected
         return;
     }
     if (language->path().isEmpty()) {
         logLine(u"Warning: Selected Item withaout action or path: %1"_s.arg(language->description()));
         return;
     }
-    if (canDropSubtitle())
-        setSubtitlePath(language->path());
+    if (m_project.canDropSubtitle())
+        m_project.setSubtitlePath(language->path());
     else
-        rebuildLanguageButton();
+        rebuildButton();
 }
 
-void CTWindowController::switchLanguage(const QString &localeIdentifier)
+void LanguageFiles::switchTo(const QString &localeIdentifier)
 {
-    if (m_basePath.isEmpty())
+    if (m_project.m_basePath.isEmpty())
         return;
-    const QString current = subtitlePath();
+    const QString current = m_project.subtitlePath();
     const QString extension = localeIdentifier.isEmpty() ? u"srt"_s : localeIdentifier + u".srt"_s;
-    const QString target = CTFileHelper::pathWithBase(m_basePath, extension, current);
+    const QString target = CTFileHelper::pathWithBase(m_project.m_basePath, extension, current);
     if (target != current) {
         if (pathExists(current))
             renameFile(current, target); // a failed move is not reported; the path changes anyway
-        storeSubtitlePath(target);
+        m_project.storeSubtitlePath(target);
     }
-    updateLanguages();
+    update();
 }
 
-void CTWindowController::autoSelectSubtitle()
+void LanguageFiles::autoSelect()
 {
-    if (m_hasChanged)
+    if (m_project.m_hasChanged)
         return;
-    const LanguageList files = CTFileHelper::languagesAtBasePath(m_basePath);
-    const QString preferred = Settings::shared().stringValue(u"Locale"_s);
+    const LanguageList files = CTFileHelper::languagesAtBasePath(m_project.m_basePath);
+    const QString preferred = Preferences::Locale.value();
     LanguagePtr chosen;
     for (const LanguagePtr &language : files) {
         if (language->localeIdentifier() == preferred)
@@ -170,39 +179,42 @@ void CTWindowController::autoSelectSubtitle()
     }
     if (!chosen && !files.isEmpty())
         chosen = files.first();
-    setSubtitlePath(chosen ? chosen->path() : QString());
+    m_project.setSubtitlePath(chosen ? chosen->path() : QString());
 }
 
-void CTWindowController::runLanguageCommand(const QString &command)
+void LanguageFiles::runCommand(const QString &command)
 {
-    if (command == u"editChapterMark:"_s) {
-        if (canDropSubtitle())
-            setSubtitlePath(CTFileHelper::chapterMarksPath(m_basePath), true);
-    } else if (command == u"deleteSubtitleFile:"_s) {
-        deleteSubtitleFile();
-    } else if (command == u"updateLanguages:"_s) {
-        updateLanguages();
-    } else if (command == u"loadSubtitle:"_s) {
-        loadSubtitle();
-    } else if (command == u"addSubtitleLanguage:"_s) {
-        addSubtitleLanguage();
-    } else if (command == u"embedSubtitle:"_s) {
-        embedSubtitle();
-    } else if (m_commandHandler) {
-        m_commandHandler(command);
-    }
+    // The pop-up's commands; the others (web search) belong to the wiring around the window.
+    using Action = void (*)(LanguageFiles &);
+    static const QHash<QString, Action> actions = {
+        {u"editChapterMark:"_s,
+         [](LanguageFiles &files) {
+             CTWindowController &p = files.m_project;
+             if (p.canDropSubtitle())
+                 p.setSubtitlePath(CTFileHelper::chapterMarksPath(p.m_basePath), true);
+         }},
+        {u"deleteSubtitleFile:"_s, [](LanguageFiles &files) { files.m_project.deleteSubtitleFile(); }},
+        {u"updateLanguages:"_s, [](LanguageFiles &files) { files.update(); }},
+        {u"loadSubtitle:"_s, [](LanguageFiles &files) { files.m_project.loadSubtitle(); }},
+        {u"addSubtitleLanguage:"_s, [](LanguageFiles &files) { files.addLanguage(); }},
+        {u"embedSubtitle:"_s, [](LanguageFiles &files) { files.m_project.embedSubtitle(); }},
+    };
+    if (const Action action = actions.value(command))
+        action(*this);
+    else if (m_project.m_commandHandler)
+        m_project.m_commandHandler(command);
 }
 
-void CTWindowController::addSubtitleLanguage()
+void LanguageFiles::addLanguage()
 {
-    if (m_basePath.isEmpty() || !canDropSubtitle())
+    if (m_project.m_basePath.isEmpty() || !m_project.canDropSubtitle())
         return;
-    const std::shared_ptr<LanguageMenu> menu = sharedLanguageMenu();
+    const std::shared_ptr<LanguageMenu> menu = sharedMenu();
     Prompt prompt;
     prompt.message = tr("Add Empty Subtitle");
     prompt.informative = tr("Choose the language of the new subtitle file:");
     prompt.buttons = {tr("Add"), tr("Cancel")};
-    const QString preferred = Settings::shared().stringValue(u"Locale"_s);
+    const QString preferred = Preferences::Locale.value();
     for (qsizetype i = 0; i < menu->items.size(); ++i) {
         prompt.choices.append({menu->items[i].title, qint64(i), false});
         if (menu->items[i].localeIdentifier == preferred)
@@ -212,5 +224,5 @@ void CTWindowController::addSubtitleLanguage()
     if (answer.button != 0 || answer.selectedTag < 0 || answer.selectedTag >= menu->items.size())
         return;
     m_newLocale = menu->items[answer.selectedTag].localeIdentifier;
-    setSubtitlePath(QString(), false);
+    m_project.setSubtitlePath(QString(), false);
 }
