@@ -85,6 +85,23 @@ public:
     // unset): a copy after the autosave interval and whenever the window loses the focus.
     void setRecoveryStore(RecoveryStore *store);
 
+    // The window's commands, in menu order: what each one is called, its keys and what it does.
+    // The project titles and enables them (CTWindowController::validateMenuItem()); a command
+    // without an action goes to the command handler.
+    enum class Menu { File, Edit, Chapters, Timing, Movie };
+    struct Command
+    {
+        Menu menu;
+        QString id;        // "saveSubtitle:"
+        const char *title; // untranslated, in this class's translation context
+        QList<QKeySequence> shortcuts;
+        std::optional<bool> inChapterMenu; // none: in neither file-kind menu
+        std::function<void(ProjectWindow &, CTWindowController &)> action;
+        bool separatorBefore = false;
+        bool checkable = false;
+    };
+    static const QList<Command> &commandTable();
+    static const Command *command(const QString &id);
     // Runs a menu command ("saveSubtitle:", "playPause:", ...) if the project enables it.
     void runCommand(const QString &command);
     // The menu item of a command, titled and enabled as the project says after refreshMenus().
@@ -151,23 +168,6 @@ protected:
 private:
     QWidget *buildMovieSide();
     QWidget *buildEditorSide();
-    // The window's commands, in menu order: what each one is called, its keys and what it does.
-    // The project titles and enables them (CTWindowController::validateMenuItem()); a command
-    // without an action goes to the command handler.
-    enum class Menu { File, Edit, Chapters, Timing, Movie };
-    struct Command
-    {
-        Menu menu;
-        QString id;        // "saveSubtitle:"
-        const char *title; // untranslated, in this class's translation context
-        QList<QKeySequence> shortcuts;
-        std::optional<bool> inChapterMenu; // none: in neither file-kind menu
-        std::function<void(ProjectWindow &, CTWindowController &)> action;
-        bool separatorBefore = false;
-        bool checkable = false;
-    };
-    static const QList<Command> &commandTable();
-    static const Command *command(const QString &id);
     void buildMenus();
     void observeProject();
     void projectKeyChanged(const QString &key);
