@@ -17,7 +17,8 @@ VHEncodingChooser &VHEncodingChooser::sharedEncodingChooser()
 
 VHEncodingChooser VHEncodingChooser::fromFolder(const QString &folder)
 {
-    QStringList names = QDir(folder).entryList(QStringList{u"*.encoding"_s}, QDir::Files | QDir::Readable);
+    QStringList names =
+        QDir(folder).entryList(QStringList{u"*.encoding"_s}, QDir::Files | QDir::Readable, QDir::Unsorted);
     std::sort(names.begin(), names.end()); // by code units: the same order everywhere
     VHEncodingChooser chooser;
     for (const QString &name : std::as_const(names)) {
