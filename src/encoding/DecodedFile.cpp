@@ -93,6 +93,24 @@ const QString *DecodedFile::text(EncodingId encoding)
     return made.text ? &*made.text : nullptr;
 }
 
+std::optional<qsizetype> DecodedFile::textLength(EncodingId encoding)
+{
+    if (m_readError)
+        return std::nullopt;
+    if (m_decodings.find(encoding) == m_decodings.end()) {
+        if (const TextCodec::ByteTable *units = TextCodec::singleByteTable(encoding)) {
+            const ByteCounts &counts = byteCounts();
+            for (int b = 0; b < 256; ++b) {
+                if (counts[b] > 0 && (*units)[b] == TextCodec::kNoUnit)
+                    return std::nullopt;
+            }
+            return m_bytes.size();
+        }
+    }
+    const QString *decoded = text(encoding);
+    return decoded ? std::optional<qsizetype>(decoded->size()) : std::nullopt;
+}
+
 FileReadError DecodedFile::decodingError(EncodingId encoding)
 {
     if (m_readError)
