@@ -302,12 +302,8 @@ const TextCodec::ByteTable *TextCodec::singleByteTable(EncodingId encoding)
     } else if (info && info->kind == ConverterKind::Icu &&
                LibraryConverters::icuIsSingleByte(info->converter)) {
         table = std::make_unique<ByteTable>();
-        for (int b = 0; b < 0x100; ++b) {
-            QString unit;
-            const bool ok =
-                LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit) == Result::Ok;
-            (*table)[b] = ok && unit.size() == 1 ? unit.at(0).unicode() : kNoUnit;
-        }
+        if (!LibraryConverters::icuByteUnits(info->converter, table.get(), kNoUnit))
+            table.reset();
     }
     return tables.emplace(encoding, std::move(table)).first->second.get();
 }

@@ -177,8 +177,10 @@ void VHEncodingTester::parse(QStringView rules)
         }
         const QStringView line(text + start, i - start);
         start = i + 1;
-        const char16_t first = line.isEmpty() ? u' ' : line.front().unicode();
-        if ((first <= u' ' || first >= 0x7F) && line.trimmed().isEmpty())
+        // Not empty when either end is printable ASCII, as the weight at the end of most
+        // lines is: only other lines need trimming.
+        const auto printable = [&](qsizetype at) { return line[at] > u' ' && line[at] < u'\x7F'; };
+        if (line.isEmpty() || (!printable(0) && !printable(line.size() - 1) && line.trimmed().isEmpty()))
             continue;
         // Log lines show the line without the carriage return of a CR/LF file.
         const auto shown = [&] { return line.endsWith(u'\r') ? line.chopped(1) : line; };

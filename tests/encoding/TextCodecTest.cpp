@@ -1,4 +1,6 @@
 #include "TextCodec.h"
+#include "EncodingTable.h"
+#include "LibraryConverters.h"
 #include "TestSupport.h"
 #include "VHEncoding.h"
 
@@ -284,6 +286,28 @@ TEST(TextCodecTables, OnlySingleByteEncodingsHaveAByteTable)
     EXPECT_NE(TextCodec::singleByteTable(MacHebrew), nullptr);
     for (const EncodingId encoding : {ShiftJIS, UTF16, WindowsKoreanJohab})
         EXPECT_EQ(TextCodec::singleByteTable(encoding), nullptr) << encoding;
+
+    // Each table holds what ICU decodes each byte to on its own, for every code page of
+    // the catalogue and of the rules.
+    std::vector<EncodingId> numbers;
+    for (quint32 n = 0; n < 0xC00; ++n)
+        numbers.insert(numbers.end(), {n, fromLowLevel(n)});
+    qsizetype checked = 0;
+    for (const EncodingId encoding : numbers) {
+        const EncodingInfo *info = encodingInfo(encoding);
+        const TextCodec::ByteTable *table = TextCodec::singleByteTable(encoding);
+        if (!info || info->kind != ConverterKind::Icu || !table)
+            continue;
+        for (int b = 0; b < 256; ++b) {
+            QString unit;
+            const bool ok = LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit) ==
+                            LibraryConverters::Result::Ok;
+            EXPECT_EQ((*table)[b], ok && unit.size() == 1 ? unit[0].unicode() : TextCodec::kNoUnit)
+                << info->converter << " " << b;
+        }
+        ++checked;
+    }
+    EXPECT_GE(checked, 15);
 }
 
 // Converters are cached per thread; conversions on several threads at once must not
