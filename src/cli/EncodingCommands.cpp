@@ -90,7 +90,8 @@ int runDetectEncoding(const QStringList &args)
             (u"platform: "_s + encodingLabel(automatic) + u"\ndecision: read before any rules\n"_s).toUtf8());
         return ExitOk;
     }
-    const VHEncodingChooser::Choice choice = chooser.choose(file, ratio);
+    // Only the length of the text is printed: a single-byte code page is never decoded.
+    const VHEncodingChooser::Choice choice = chooser.choose(file, ratio, VHEncodingChooser::Text::LengthOnly);
 
     QString out;
     if (automatic != Encodings::None)

@@ -52,9 +52,23 @@ DecodedFile DecodedFile::read(const QString &path)
 const DecodedFile::ByteCounts &DecodedFile::byteCounts()
 {
     if (!m_byteCounts) {
+        // Four tables for neighbouring bytes: a run of one byte value (spaces, a letter
+        // repeated) would otherwise wait on its own previous count at every step.
+        std::array<std::array<qint64, 256>, 4> partial{};
+        const auto *bytes = reinterpret_cast<const uchar *>(m_bytes.constData());
+        const qsizetype n = m_bytes.size();
+        qsizetype i = 0;
+        for (; i + 4 <= n; i += 4) {
+            ++partial[0][bytes[i]];
+            ++partial[1][bytes[i + 1]];
+            ++partial[2][bytes[i + 2]];
+            ++partial[3][bytes[i + 3]];
+        }
+        for (; i < n; ++i)
+            ++partial[0][bytes[i]];
         ByteCounts counts{};
-        for (const char byte : std::as_const(m_bytes))
-            ++counts[uchar(byte)];
+        for (int b = 0; b < 256; ++b)
+            counts[b] = partial[0][b] + partial[1][b] + partial[2][b] + partial[3][b];
         m_byteCounts = counts;
     }
     return *m_byteCounts;
@@ -77,6 +91,24 @@ const QString *DecodedFile::text(EncodingId encoding)
 {
     const Decoding &made = decoding(encoding);
     return made.text ? &*made.text : nullptr;
+}
+
+std::optional<qsizetype> DecodedFile::textLength(EncodingId encoding)
+{
+    if (m_readError)
+        return std::nullopt;
+    if (m_decodings.find(encoding) == m_decodings.end()) {
+        if (const TextCodec::ByteTable *units = TextCodec::singleByteTable(encoding)) {
+            const ByteCounts &counts = byteCounts();
+            for (int b = 0; b < 256; ++b) {
+                if (counts[b] > 0 && (*units)[b] == TextCodec::kNoUnit)
+                    return std::nullopt;
+            }
+            return m_bytes.size();
+        }
+    }
+    const QString *decoded = text(encoding);
+    return decoded ? std::optional<qsizetype>(decoded->size()) : std::nullopt;
 }
 
 FileReadError DecodedFile::decodingError(EncodingId encoding)

@@ -30,6 +30,10 @@ public:
     // decodingError() says why).
     const QString *text(EncodingId encoding);
     FileReadError decodingError(EncodingId encoding);
+    // The length in UTF-16 units of the text in `encoding`, or none when the bytes are not
+    // text in it; for an encoding that maps every byte to one unit it comes from the byte
+    // counts, without making the text.
+    std::optional<qsizetype> textLength(EncodingId encoding);
 
 private:
     struct Decoding

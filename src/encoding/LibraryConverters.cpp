@@ -165,6 +165,24 @@ bool icuIsSingleByte(const char *name)
     return type == UCNV_SBCS || type == UCNV_LATIN_1 || type == UCNV_US_ASCII;
 }
 
+bool icuByteUnits(const char *name, std::array<char16_t, 256> *units, char16_t none)
+{
+    UConverter *converter = icuConverter(name);
+    if (!converter)
+        return false;
+    for (int b = 0; b < 256; ++b) {
+        ucnv_reset(converter);
+        const char byte = char(b);
+        const char *source = &byte;
+        UChar out[4];
+        UChar *target = out;
+        UErrorCode status = U_ZERO_ERROR;
+        ucnv_toUnicode(converter, &target, out + 4, &source, &byte + 1, nullptr, true, &status);
+        (*units)[b] = U_SUCCESS(status) && target - out == 1 ? char16_t(out[0]) : none;
+    }
+    return true;
+}
+
 Result iconvDecode(const char *name, const QByteArray &bytes, QString *text)
 {
     iconv_t cd = iconvDescriptor(kUtf16, name);

@@ -8,6 +8,7 @@
 #include <QStringEncoder>
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -30,8 +31,68 @@ QString unsupported(EncodingId encoding)
     return u"The text encoding %1 is not supported."_s.arg(encoding);
 }
 
+// Whether `bytes` is well-formed UTF-8 by Unicode's table of well-formed byte sequences: no
+// stray continuation bytes, no overlong forms, no surrogates, nothing above U+10FFFF, no
+// sequence cut short. Stops at the first fault, which in a file in a legacy code page is
+// usually the first letter beyond ASCII; runs of ASCII are skipped eight bytes at a time.
+bool isWellFormedUtf8(QByteArrayView bytes)
+{
+    const auto *p = reinterpret_cast<const uchar *>(bytes.data());
+    const uchar *const end = p + bytes.size();
+    const auto isContinuation = [](uchar byte) { return (byte & 0xC0) == 0x80; };
+    while (p < end) {
+        if (end - p >= 8) {
+            quint64 word;
+            std::memcpy(&word, p, 8);
+            if ((word & 0x8080808080808080ull) == 0) {
+                p += 8;
+                continue;
+            }
+        }
+        const uchar lead = *p;
+        if (lead < 0x80) {
+            ++p;
+            continue;
+        }
+        // The bounds of the second byte depend on the lead (no overlong forms, surrogates
+        // or values above U+10FFFF); the bytes after it are plain continuation bytes.
+        int length = 0;
+        uchar low = 0x80;
+        uchar high = 0xBF;
+        if (lead >= 0xC2 && lead <= 0xDF) {
+            length = 2;
+        } else if (lead >= 0xE0 && lead <= 0xEF) {
+            length = 3;
+            if (lead == 0xE0)
+                low = 0xA0;
+            else if (lead == 0xED)
+                high = 0x9F;
+        } else if (lead >= 0xF0 && lead <= 0xF4) {
+            length = 4;
+            if (lead == 0xF0)
+                low = 0x90;
+            else if (lead == 0xF4)
+                high = 0x8F;
+        } else {
+            return false; // a continuation byte without a lead, or a byte UTF-8 never uses
+        }
+        if (end - p < length || p[1] < low || p[1] > high)
+            return false;
+        for (int k = 2; k < length; ++k) {
+            if (!isContinuation(p[k]))
+                return false;
+        }
+        p += length;
+    }
+    return true;
+}
+
 bool decodeStrictUtf8(QByteArrayView bytes, QString *text)
 {
+    // Qt's decoder converts the whole input before it reports a fault: a quick check first
+    // turns most text in other encodings away within its first line.
+    if (!isWellFormedUtf8(bytes))
+        return false;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString decoded = decoder.decode(bytes);
     if (decoder.hasError())
@@ -241,12 +302,8 @@ const TextCodec::ByteTable *TextCodec::singleByteTable(EncodingId encoding)
     } else if (info && info->kind == ConverterKind::Icu &&
                LibraryConverters::icuIsSingleByte(info->converter)) {
         table = std::make_unique<ByteTable>();
-        for (int b = 0; b < 0x100; ++b) {
-            QString unit;
-            const bool ok =
-                LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit) == Result::Ok;
-            (*table)[b] = ok && unit.size() == 1 ? unit.at(0).unicode() : kNoUnit;
-        }
+        if (!LibraryConverters::icuByteUnits(info->converter, table.get(), kNoUnit))
+            table.reset();
     }
     return tables.emplace(encoding, std::move(table)).first->second.get();
 }
@@ -335,6 +392,8 @@ namespace {
 // side, and whose decoding is valid and holds no U+0000, is taken.
 bool decodeByZeroPattern(const QByteArray &bytes, QString *text, EncodingId *used)
 {
+    if (!bytes.contains('\0')) // most files: one fast search instead of counting
+        return false;
     const qsizetype n = bytes.size();
     std::array<qsizetype, 4> zeros{}; // zero bytes by position modulo 4
     for (qsizetype i = 0; i < n; ++i)
@@ -379,6 +438,9 @@ bool decodeByZeroPattern(const QByteArray &bytes, QString *text, EncodingId *use
 bool decodeIso2022Jp(const QByteArray &bytes, QString *text, EncodingId *used)
 {
     static const QByteArrayView escapes[] = {"\x1B$B", "\x1B$@", "\x1B$(D"};
+    // Without an escape character at all (one fast search) there is no escape sequence.
+    if (!bytes.contains('\x1B'))
+        return false;
     if (!std::any_of(std::begin(escapes), std::end(escapes),
                      [&](QByteArrayView escape) { return bytes.contains(escape); }))
         return false;

@@ -17,7 +17,8 @@ VHEncodingChooser &VHEncodingChooser::sharedEncodingChooser()
 
 VHEncodingChooser VHEncodingChooser::fromFolder(const QString &folder)
 {
-    QStringList names = QDir(folder).entryList(QStringList{u"*.encoding"_s}, QDir::Files | QDir::Readable);
+    QStringList names =
+        QDir(folder).entryList(QStringList{u"*.encoding"_s}, QDir::Files | QDir::Readable, QDir::Unsorted);
     std::sort(names.begin(), names.end()); // by code units: the same order everywhere
     VHEncodingChooser chooser;
     for (const QString &name : std::as_const(names)) {
@@ -40,20 +41,25 @@ VHEncodingChooser::Choice VHEncodingChooser::choose(const QString &path, double 
     return choose(file, ratio);
 }
 
-VHEncodingChooser::Choice VHEncodingChooser::choose(DecodedFile &file, double ratio) const
+VHEncodingChooser::Choice VHEncodingChooser::choose(DecodedFile &file, double ratio, Text text) const
 {
     Choice choice;
     choice.best = bestTester(file, &choice.bestScore, &choice.scores);
 
     // Without a best tester the encoding is 0, which decodes nothing.
     const EncodingId encoding = choice.best ? choice.best->stringEncoding() : Encodings::None;
-    if (const QString *text = file.text(encoding)) {
-        choice.text = *text;
-        choice.length = text->size();
-    } else {
-        choice.error = file.decodingError(encoding);
+    std::optional<qsizetype> length;
+    if (text == Text::LengthOnly) {
+        length = file.textLength(encoding);
+    } else if (const QString *decoded = file.text(encoding)) {
+        choice.text = *decoded;
+        length = decoded->size();
     }
-    choice.accepted = choice.text && choice.bestScore > double(choice.length) * ratio;
+    if (length)
+        choice.length = *length;
+    else
+        choice.error = file.decodingError(encoding);
+    choice.accepted = length && choice.bestScore > double(choice.length) * ratio;
     if (!choice.accepted && !choice.error)
         choice.error = FileReadError::inapplicableEncoding(file.path(), encoding);
     return choice;

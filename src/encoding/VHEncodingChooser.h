@@ -33,14 +33,16 @@ public:
         std::vector<double> scores;             // one per tester, in list order
         const VHEncodingTester *best = nullptr; // none when no score is above 0
         double bestScore = 0;
-        std::optional<QString> text;        // the file in the best tester's encoding
+        std::optional<QString> text;        // the file in the best tester's encoding, if asked for
         qsizetype length = 0;               // of that text, in UTF-16 units
         bool accepted = false;              // bestScore > length x ratio
         std::optional<FileReadError> error; // set when not accepted
     };
     Choice choose(const QString &path, double ratio) const;
-    // The same for a file already read.
-    Choice choose(DecodedFile &file, double ratio) const;
+    // The same for a file already read. Without the text, the choice holds only its length:
+    // a single-byte code page then needs no decoding at all.
+    enum class Text { Made, LengthOnly };
+    Choice choose(DecodedFile &file, double ratio, Text text = Text::Made) const;
 
     // The decoded text, or none with the reason in `error` (when given): the decoding's own
     // error, else code 261 with the path and the best tester's encoding.

@@ -44,17 +44,20 @@ public:
     double goodFactor() const { return m_goodFactor; }
     double badFactor() const { return m_badFactor; }
     EncodingId stringEncoding() const { return m_stringEncoding; }
-    const QHash<char16_t, double> &good() const { return m_good; }
-    const QHash<char16_t, double> &bad() const { return m_bad; }
+    // The weights as the rules file gives them, without the factors.
+    QHash<char16_t, double> good() const;
+    QHash<char16_t, double> bad() const;
 
     // "Encoding '<name>' (<encoding number>) <VHEncodingTester: 0x...>"
     QString description() const;
 
 private:
     VHEncodingTester() = default;
-    VHEncodingTester(const VHEncodingTester &) = delete; // its weight table refers to its maps
+    VHEncodingTester(const VHEncodingTester &) = delete;
     VHEncodingTester &operator=(const VHEncodingTester &) = delete;
+    enum class Section { None, Good, Bad };
     void parse(QStringView rules);
+    Section parseKeyLine(QStringView line, qsizetype colon, Section section);
     double scoreByteCounts(DecodedFile &file, const std::array<char16_t, 256> &units) const;
     void logBadCharacters(QStringView text, qint64 occurrences) const;
 
@@ -64,7 +67,5 @@ private:
     double m_goodFactor = 1.0;
     double m_badFactor = 1.0;
     EncodingId m_stringEncoding = Encodings::None;
-    QHash<char16_t, double> m_good;
-    QHash<char16_t, double> m_bad;
     std::unique_ptr<WeightTable> m_weights;
 };

@@ -1,3 +1,4 @@
+#include "DecodedFile.h"
 #include "FileReadError.h"
 #include "Log.h"
 #include "Resources.h"
@@ -50,14 +51,18 @@ TEST_F(ChooserTest, ScoreIsGoodWeightsTimesFactorMinusBadWeightsTimesFactor)
         QByteArray bytes;
         double score;
     } cases[] = {
-        {western, "a\xE9\x80" "a", 8.0}, // "aé€a" in code page 1252: (1 + 3 + 1) x 2 - 4 x 0.5
+        {western,
+         "a\xE9\x80"
+         "a",
+         8.0}, // "aé€a" in code page 1252: (1 + 3 + 1) x 2 - 4 x 0.5
         {western, "", 0},
         {u"nsstring: 13\ngood:\na\t1\n"_s, "aaa\xD2", 0}, // not text in the tester's encoding
         {u"nsstring: 8\ngood:\n日\t2\n本\t1.5\n"_s, "\x93\xFA\x96\x7B!", 3.5}, // multi-byte: its decoded text
         // Weights too large for integer sums are added as doubles.
         {huge, "aaa", 3000000000.5 * 3},
         {huge, "ab", 3000000000.5 - 1e300},
-        {u"nsstring: 12\ngoodfactor: 1e308\ngood:\na\t1e10\n"_s, "a", std::numeric_limits<double>::infinity()},
+        {u"nsstring: 12\ngoodfactor: 1e308\ngood:\na\t1e10\n"_s, "a",
+         std::numeric_limits<double>::infinity()},
     };
     LogCapture quiet;
     for (const auto &c : cases)
@@ -91,7 +96,8 @@ TEST_F(ChooserTest, ScoresAreSummedAsInTextOrder)
 TEST_F(ChooserTest, LogsEveryOccurrenceOfABadCharacterUnlessTheCategoryIsOff)
 {
     const auto western = tester(u"nsstring: 12\ngood:\na\t1\nbad:\né\t1\n€\t0\n"_s);
-    const QString path = write("\xE9" "a\xE9\x80\xE9");
+    const QString path = write("\xE9"
+                               "a\xE9\x80\xE9");
     {
         LogCapture log;
         EXPECT_EQ(western->testFile(path), -2.0);
@@ -160,6 +166,46 @@ TEST_F(ChooserTest, TheTextIsTakenOnlyAboveRatioTimesItsLengthElseTheErrorSaysWh
     }
 }
 
+// Asked for the length only, the choice is the same but for the text it does not make.
+TEST_F(ChooserTest, AChoiceWithoutItsTextHasTheSameLengthDecisionAndError)
+{
+    const VHEncodingChooser chooser = chooserOf({u"name: w\nnsstring: 12\ngood:\na\t1\n"_s,
+                                                 u"name: j\nnsstring: 8\ngood:\n日\t2\n本\t1.5\n"_s,
+                                                 u"name: g\nnsstring: 13\ngood:\nα\t1\n"_s});
+    const QString paths[] = {
+        write("aaaaaaabbb"),        // accepted in code page 1252, ten units
+        write("aaaaaabbbb"),        // rejected: exactly the ratio
+        write("\x93\xFA\x96\x7B!"), // Shift-JIS: three units of five bytes
+        write("\x81\xFF"),          // no tester reads it
+        write(""),
+        dir.path(u"missing.srt"_s),
+    };
+    LogCapture quiet;
+    for (const QString &path : paths) {
+        SCOPED_TRACE(path.toStdString());
+        DecodedFile withText = DecodedFile::read(path);
+        DecodedFile lengthOnly = DecodedFile::read(path);
+        const VHEncodingChooser::Choice made = chooser.choose(withText, 0.6);
+        const VHEncodingChooser::Choice counted =
+            chooser.choose(lengthOnly, 0.6, VHEncodingChooser::Text::LengthOnly);
+        EXPECT_FALSE(counted.text);
+        EXPECT_EQ(counted.scores, made.scores);
+        EXPECT_EQ(counted.best, made.best);
+        EXPECT_EQ(counted.length, made.length);
+        EXPECT_EQ(counted.accepted, made.accepted);
+        ASSERT_EQ(counted.error.has_value(), made.error.has_value());
+        if (made.error) {
+            EXPECT_EQ(counted.error->code, made.error->code);
+            EXPECT_EQ(counted.error->encoding, made.error->encoding);
+            EXPECT_EQ(counted.error->description, made.error->description);
+        }
+    }
+    DecodedFile japanese = DecodedFile::read(paths[2]);
+    EXPECT_EQ(chooser.choose(japanese, 0.6, VHEncodingChooser::Text::LengthOnly).length, 3);
+    DecodedFile western = DecodedFile::read(paths[0]);
+    EXPECT_TRUE(chooser.choose(western, 0.6, VHEncodingChooser::Text::LengthOnly).accepted);
+}
+
 TEST_F(ChooserTest, TheSharedChooserReadsEveryRulesFileInNameOrder)
 {
     const VHEncodingChooser &shared = VHEncodingChooser::sharedEncodingChooser();
@@ -169,7 +215,8 @@ TEST_F(ChooserTest, TheSharedChooserReadsEveryRulesFileInNameOrder)
     ASSERT_EQ(shared.testers().size(), size_t(names.size()));
     for (size_t i = 0; i < shared.testers().size(); ++i) {
         EXPECT_EQ(QFileInfo(shared.testers()[i]->path()).fileName(), names[qsizetype(i)]);
-        EXPECT_TRUE(TextCodec::isSupported(shared.testers()[i]->stringEncoding())) << names[qsizetype(i)].toStdString();
+        EXPECT_TRUE(TextCodec::isSupported(shared.testers()[i]->stringEncoding()))
+            << names[qsizetype(i)].toStdString();
     }
 }
 

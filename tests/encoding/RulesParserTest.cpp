@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -72,6 +75,59 @@ TEST(RulesCharacters, TheCharacterIsTheUnitBeforeTheFirstTab)
     };
     EXPECT_EQ(tester->good(), expected);
     EXPECT_TRUE(log.lines().isEmpty()) << log.lines().join(u'\n').toStdString();
+}
+
+// Weights are read as strtod reads them in the C locale, to the last bit: short decimals
+// take a quicker way than long ones or those with an exponent, and must not differ.
+TEST(RulesCharacters, WeightsAreTheNearestDoubleLikeStrtods)
+{
+    const char *const weights[] = {"0.75",
+                                   "0.1",
+                                   "0.7",
+                                   "-0.3",
+                                   "+2.5",
+                                   "-0",
+                                   "7.",
+                                   ".5",
+                                   "123456789012345",
+                                   "1234567890123456789",
+                                   "0.000000000000000000001",
+                                   "0.1000000000000000055511151231257827",
+                                   "9007199254740993",
+                                   "2.03125e2",
+                                   "1e-5",
+                                   "3.3333333333333335",
+                                   "0.123456789012345"};
+    QString rules = u"good:\n"_s;
+    char16_t unit = u'A';
+    for (const char *weight : weights)
+        rules += QChar(unit++) + u"\t"_s + QString::fromLatin1(weight) + u'\n';
+    // The same weight on consecutive lines, and again after another one.
+    rules += u"a\t0.1\nb\t0.1\nc\t0.75\nd\t0.1\n"_s;
+    const auto tester = parse(rules);
+    ASSERT_TRUE(tester);
+    const QHash<char16_t, double> good = tester->good();
+    unit = u'A';
+    for (const char *weight : weights) {
+        const double value = good.value(unit++);
+        const double expected = std::strtod(weight, nullptr);
+        EXPECT_EQ(std::memcmp(&value, &expected, sizeof value), 0) << weight << ": " << value;
+    }
+    EXPECT_EQ(good.value(u'a'), 0.1);
+    EXPECT_EQ(good.value(u'b'), 0.1);
+    EXPECT_EQ(good.value(u'c'), 0.75);
+    EXPECT_EQ(good.value(u'd'), 0.1);
+}
+
+// A later line replaces an earlier one wherever the lines stand, in either list.
+TEST(RulesCharacters, ALaterLineForACharacterReplacesTheEarlierOneInAnyOrder)
+{
+    const auto tester = parse(u"good:\nz\t1\na\t2\nz\t3\nm\t4\na\t5\nbad:\nq\t1\nb\t2\nq\t0\n"_s);
+    EXPECT_EQ(tester->good(), (QHash<char16_t, double>{{u'z', 3}, {u'a', 5}, {u'm', 4}}));
+    EXPECT_EQ(tester->bad(), (QHash<char16_t, double>{{u'q', 0}, {u'b', 2}}));
+    // The replaced weights are the ones scored.
+    LogCapture quiet;
+    EXPECT_EQ(tester->scoreText(u"zamqb"_s), 3 + 5 + 4 - 0 - 2);
 }
 
 TEST(RulesCharacters, LinesWithoutTabOrKeyAreLoggedAndSkipped)

@@ -1,6 +1,10 @@
 #include "TextCodec.h"
+#include "EncodingTable.h"
+#include "LibraryConverters.h"
 #include "TestSupport.h"
 #include "VHEncoding.h"
+
+#include <QStringDecoder>
 
 #include <gtest/gtest.h>
 
@@ -154,6 +158,42 @@ TEST(TextCodecDecoding, ReadsWhatTheEncodingAllowsAndFailsOnAnythingElse)
     EXPECT_FALSE(TextCodec::isSupported(None));
 }
 
+// UTF-8 is checked byte by byte before Qt's decoder runs: the two must agree on every
+// sequence, at the edges of every range a lead byte allows (overlong forms, surrogates,
+// values above U+10FFFF, sequences cut short at the end or by another byte).
+TEST(TextCodecDecoding, StrictUtf8AgreesWithQtsDecoderOnEverySequence)
+{
+    const uchar after[] = {0x00, 0x41, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0,
+                           0xBF, 0xC0, 0xC2, 0xDF, 0xE0, 0xED, 0xF4, 0xFF};
+    qsizetype valid = 0;
+    for (int lead = 0x80; lead < 0x100; ++lead) {
+        for (const uchar second : after) {
+            for (const uchar third : after) {
+                for (const uchar fourth : after) {
+                    // After nine ASCII bytes, so the sequence also meets the eight-byte steps
+                    // at an odd offset; with and without ASCII behind it, and cut short.
+                    QByteArray bytes("abcdefghi");
+                    bytes.append(char(lead)).append(char(second)).append(char(third)).append(char(fourth));
+                    const QByteArray samples[] = {bytes, bytes + QByteArray("xyz"), bytes.chopped(1),
+                                                  bytes.chopped(2)};
+                    for (const QByteArray &sample : samples) {
+                        QStringDecoder qt(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+                        const QString expected = qt.decode(sample);
+                        QString text;
+                        const bool ok = TextCodec::decode(sample, UTF8, &text);
+                        ASSERT_EQ(ok, !qt.hasError()) << sample.toHex().constData();
+                        if (ok) {
+                            EXPECT_EQ(text, expected) << sample.toHex().constData();
+                            ++valid;
+                        }
+                    }
+                }
+            }
+        }
+    }
+    EXPECT_GT(valid, 1000); // the ranges were met from both sides
+}
+
 TEST(TextCodecAutomatic, ByteOrderMarksThenStrictUtf8AndNothingElse)
 {
     const std::pair<QByteArray, EncodingId> cases[] = {
@@ -246,6 +286,28 @@ TEST(TextCodecTables, OnlySingleByteEncodingsHaveAByteTable)
     EXPECT_NE(TextCodec::singleByteTable(MacHebrew), nullptr);
     for (const EncodingId encoding : {ShiftJIS, UTF16, WindowsKoreanJohab})
         EXPECT_EQ(TextCodec::singleByteTable(encoding), nullptr) << encoding;
+
+    // Each table holds what ICU decodes each byte to on its own, for every code page of
+    // the catalogue and of the rules.
+    std::vector<EncodingId> numbers;
+    for (quint32 n = 0; n < 0xC00; ++n)
+        numbers.insert(numbers.end(), {n, fromLowLevel(n)});
+    qsizetype checked = 0;
+    for (const EncodingId encoding : numbers) {
+        const EncodingInfo *info = encodingInfo(encoding);
+        const TextCodec::ByteTable *table = TextCodec::singleByteTable(encoding);
+        if (!info || info->kind != ConverterKind::Icu || !table)
+            continue;
+        for (int b = 0; b < 256; ++b) {
+            QString unit;
+            const bool ok = LibraryConverters::icuDecode(info->converter, QByteArray(1, char(b)), &unit) ==
+                            LibraryConverters::Result::Ok;
+            EXPECT_EQ((*table)[b], ok && unit.size() == 1 ? unit[0].unicode() : TextCodec::kNoUnit)
+                << info->converter << " " << b;
+        }
+        ++checked;
+    }
+    EXPECT_GE(checked, 15);
 }
 
 // Converters are cached per thread; conversions on several threads at once must not
