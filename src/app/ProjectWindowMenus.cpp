@@ -1,6 +1,7 @@
 // The window's menus and keyboard: commands by name, titled and enabled by the project; the
 // language pop-up; the panels; the frame-step keys and the fix key.
 #include "CTFixButton.h"
+#include "PlaybackMenu.h"
 #include "ProjectWindow.h"
 #include "VHEncoding.h"
 
@@ -114,6 +115,11 @@ void ProjectWindow::buildMenus()
     addCommand(movie, tr("Five Frames Forward"), u"fastForward:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Right));
     m_audioMenu = movie->addMenu(tr("Audio Track"));
     m_audioMenu->addAction(tr("No Audio Track"))->setEnabled(false);
+
+    // The playback aids, with their own item states.
+    m_playbackMenu = new PlaybackMenu(*m_project, *this, this);
+    m_playbackMenu->beforeEdit = [this] { commitOpenEditor(); };
+    menuBar()->addMenu(m_playbackMenu);
 
     const QList<QMenu *> menus = {file, edit, chapters, timing, movie};
     for (QMenu *menu : menus)

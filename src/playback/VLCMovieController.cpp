@@ -217,6 +217,7 @@ void VLCMovieController::setMovie(const QString &path)
     if (!path.isEmpty())
         m_media = libvlc_media_new_path(m_vlc, QFile::encodeName(path).constData());
     libvlc_media_player_set_media(m_vlcPlayer, m_media);
+    libvlc_media_player_set_rate(m_vlcPlayer, float(m_speed));
     if (!m_media) {
         m_isLoading = false;
         imageSurface()->clearFrame();
@@ -387,7 +388,8 @@ double VLCMovieController::playingTime() const
         m_clockSeen.start();
         return reported;
     }
-    return reported + std::min(double(m_clockSeen.elapsed()) / 1000.0, 1.0);
+    // The clock runs at the playing speed.
+    return reported + std::min(double(m_clockSeen.elapsed()) / 1000.0, 1.0) * m_speed;
 }
 
 long long VLCMovieController::seekTarget(double seconds) const
@@ -560,4 +562,13 @@ void VLCMovieController::setAudioTrack(int index)
 {
     if (m_vlcPlayer)
         libvlc_audio_set_track(m_vlcPlayer, index);
+}
+
+void VLCMovieController::setSpeed(double speed)
+{
+    if (!(speed > 0))
+        return;
+    m_speed = speed;
+    if (m_vlcPlayer)
+        libvlc_media_player_set_rate(m_vlcPlayer, float(speed));
 }

@@ -46,6 +46,8 @@ public:
     QList<AudioTrackItem> audioMenuItems() const override;
     int audioTrack() const override;
     void setAudioTrack(int index) override;
+    // libVLC's rate; its audio time-stretching (on by default) keeps the pitch.
+    void setSpeed(double speed) override;
 
     double position() const override;
     void setPosition(double position);

@@ -209,6 +209,9 @@ void CTWindowController::fixButtonGotEscape()
 
 void CTWindowController::movieChangedPlaying(bool playing)
 {
+    // Followers of playback (the playback aids) ask the player for the new state.
+    willChangeValueForKey(u"playing"_s);
+    didChangeValueForKey(u"playing"_s);
     if (!playing && m_fixMode == 4)
         setFixMode(defaultFixMode());
     if (m_view)
