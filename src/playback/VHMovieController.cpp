@@ -258,6 +258,15 @@ void VHMovieController::setPlaying(bool playing)
 {
     if (!hasMovie())
         return;
+    if (m_wasPlaying) {
+        // A seek of playback is under way: it resumes playing when it lands. A pause asked now
+        // stays, and is reported (the seek's own pause was not).
+        if (!playing) {
+            m_wasPlaying = false;
+            reportChangedPlaying(false);
+        }
+        return;
+    }
     setPaused(!playing);
     // Paused, the time is that of the frame the player stopped on, which the last periodic
     // update (up to a frame earlier) has not seen; a fix or a frame step starts from it.

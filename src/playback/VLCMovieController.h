@@ -97,4 +97,7 @@ private:
     double m_stepTarget = NAN;
     bool m_holdFrame = false;
     bool m_pausingAfterStep = false;
+    // A seek while playing pauses libVLC for a moment: no change of the playing flag until it
+    // plays again.
+    bool m_seekWhilePlaying = false;
 };

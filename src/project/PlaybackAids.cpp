@@ -157,9 +157,9 @@ void PlaybackAids::playingChanged()
 {
     if (m_playing == Playing::Nothing)
         return;
-    const PlaybackControl *controller = player();
-    // A pause while our seek is under way may be the player's own (libVLC pauses to seek).
-    if (controller && (controller->isPlaying() || m_seeking))
+    // Players report no pause of their own while they seek: a pause is the user's (or the
+    // end of the movie).
+    if (const PlaybackControl *controller = player(); controller && controller->isPlaying())
         return;
     stop();
 }
@@ -201,7 +201,11 @@ bool PlaybackAids::canSetEnd() const
 {
     const PlaybackControl *controller = player();
     const SubtitlePtr &line = m_project.currentSubtitle();
-    return controller && line && !m_project.isChaptermark() && controller->currentTime() > line->start();
+    if (!controller || !line || m_project.isChaptermark())
+        return false;
+    // A line shorter than half a frame would never show.
+    const double halfFrame = controller->fps() > 0 ? 0.5 / controller->fps() : 0.02;
+    return controller->currentTime() >= line->start() + halfFrame;
 }
 
 void PlaybackAids::setEndToPlayingTime()

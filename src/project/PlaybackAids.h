@@ -63,7 +63,8 @@ public:
     bool canSetStart() const;
     void setStartToPlayingTime();
     // The current line's end moves to the playing time (one undo step); the time must lie
-    // after the line's start. Not for chapter marks, which end where the next one starts.
+    // at least half a frame after the line's start. Not for chapter marks, which end where the next one
+    // starts.
     bool canSetEnd() const;
     void setEndToPlayingTime();
 
@@ -83,7 +84,7 @@ private:
     Playing m_playing = Playing::Nothing;
     SubtitlePtr m_line;
     // A seek of ours back to the line's start is under way: times outside the line are from
-    // before it landed, and a pause is the player's own while it seeks.
+    // before it landed.
     bool m_seeking = false;
     double m_lastTime = NAN;
     double m_speed = 1;

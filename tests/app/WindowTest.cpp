@@ -826,7 +826,8 @@ TEST_F(WindowTest, TheLinesStartAndEndTakeThePlayingTimeAndUndoInOneStep)
     QTest::keyClick(window->cueTable(), Qt::Key_J, Qt::ControlModifier);
     MainQueue::main().drain();
     EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5.5);
-    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->end(), 7.5);
+    // ... and the line with those after it towards the movie's end (60 s).
+    EXPECT_NEAR(window->project()->subtitles()[1]->end(), 5.5 + 2.0 * 54.5 / 55, 1e-9);
     EXPECT_NEAR(window->project()->subtitles()[0]->start(), 1.1, 1e-9);
     EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(5.5));
 

@@ -129,11 +129,9 @@ TEST_F(AidsTest, TheLoopWaitsForItsSeekAndFollowsTheLinesTimes)
     playFrames(63);
     ASSERT_EQ(player.seeks.size(), 2);
     // A player that still reports where it was before the seek landed (libVLC's coarse clock)
-    // is not asked to seek again, and its pause while seeking is not the user's.
+    // is not asked to seek again.
     player.time = 7.56;
     player.playFor(0);
-    player.setPlaying(false);
-    player.setPlaying(true);
     EXPECT_EQ(player.seeks.size(), 2);
     EXPECT_TRUE(aids->isLooping());
     player.time = 5.0;
@@ -148,6 +146,10 @@ TEST_F(AidsTest, TheLoopWaitsForItsSeekAndFollowsTheLinesTimes)
     EXPECT_TRUE(aids->isLooping());
     playFrames(1);
     EXPECT_DOUBLE_EQ(player.time, 5.0);
+
+    // A pause while the seek back is under way is the user's all the same.
+    player.setPlaying(false);
+    EXPECT_FALSE(aids->isLooping());
 }
 
 TEST_F(AidsTest, TheUsersSeekOrAnotherMovieEndsPlayingTheLine)
@@ -299,9 +301,15 @@ TEST_F(AidsTest, SettingTheEndTakesThePlayingTimeAsOneStep)
     project->undo();
     EXPECT_DOUBLE_EQ(line(1)->end(), 7.5);
 
-    // Not at or before the start.
+    // Not at or before the start, nor less than half a frame after it (a click on a line
+    // seeks a tenth of a millisecond into it).
     player.time = 5.0;
     EXPECT_FALSE(aids->canSetEnd());
+    player.time = 5.0001;
+    EXPECT_FALSE(aids->canSetEnd());
+    player.time = 5.02;
+    EXPECT_TRUE(aids->canSetEnd());
+    player.time = 5.0;
     aids->setEndToPlayingTime();
     EXPECT_DOUBLE_EQ(line(1)->end(), 7.5);
 }
