@@ -641,6 +641,44 @@ Bitte öffnen Sie diesen Ordner im folgenden Fenster. (Achten Sie darauf, dass S
     </message>
 </context>
 <context>
+    <name>PlaybackAids</name>
+    <message>
+        <source>Set End</source>
+        <translation>Ende setzen</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackMenu</name>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Play Current Line</source>
+        <translation>Aktuelle Zeile abspielen</translation>
+    </message>
+    <message>
+        <source>Loop Current Line</source>
+        <translation>Aktuelle Zeile wiederholen</translation>
+    </message>
+    <message>
+        <source>Play from Half a Second Before</source>
+        <translation>Ab einer halben Sekunde davor abspielen</translation>
+    </message>
+    <message>
+        <source>%1× Speed</source>
+        <translation>%1× Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Set Start to Playing Time</source>
+        <translation>Beginn auf die Wiedergabezeit setzen</translation>
+    </message>
+    <message>
+        <source>Set End to Playing Time</source>
+        <translation>Ende auf die Wiedergabezeit setzen</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>

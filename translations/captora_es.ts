@@ -641,6 +641,44 @@ Abra esa carpeta en la ventana que aparecerá a continuación. (Asegúrese de te
     </message>
 </context>
 <context>
+    <name>PlaybackAids</name>
+    <message>
+        <source>Set End</source>
+        <translation>Fijar el final</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackMenu</name>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Reproducción</translation>
+    </message>
+    <message>
+        <source>Play Current Line</source>
+        <translation>Reproducir la línea actual</translation>
+    </message>
+    <message>
+        <source>Loop Current Line</source>
+        <translation>Repetir la línea actual en bucle</translation>
+    </message>
+    <message>
+        <source>Play from Half a Second Before</source>
+        <translation>Reproducir desde medio segundo antes</translation>
+    </message>
+    <message>
+        <source>%1× Speed</source>
+        <translation>Velocidad %1×</translation>
+    </message>
+    <message>
+        <source>Set Start to Playing Time</source>
+        <translation>Poner el inicio en el tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>Set End to Playing Time</source>
+        <translation>Poner el final en el tiempo de reproducción</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>

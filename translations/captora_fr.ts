@@ -641,6 +641,44 @@ Veuillez ouvrir ce dossier dans la fenêtre qui va s’afficher. (Vérifiez que 
     </message>
 </context>
 <context>
+    <name>PlaybackAids</name>
+    <message>
+        <source>Set End</source>
+        <translation>Définir la fin</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackMenu</name>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Lecture</translation>
+    </message>
+    <message>
+        <source>Play Current Line</source>
+        <translation>Lire la ligne actuelle</translation>
+    </message>
+    <message>
+        <source>Loop Current Line</source>
+        <translation>Lire la ligne actuelle en boucle</translation>
+    </message>
+    <message>
+        <source>Play from Half a Second Before</source>
+        <translation>Lire depuis une demi-seconde avant</translation>
+    </message>
+    <message>
+        <source>%1× Speed</source>
+        <translation>Vitesse %1×</translation>
+    </message>
+    <message>
+        <source>Set Start to Playing Time</source>
+        <translation>Placer le début au temps de lecture</translation>
+    </message>
+    <message>
+        <source>Set End to Playing Time</source>
+        <translation>Placer la fin au temps de lecture</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>

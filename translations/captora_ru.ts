@@ -647,6 +647,44 @@ Please Open this folder in the upcoming window. (Make sure you have write permis
     </message>
 </context>
 <context>
+    <name>PlaybackAids</name>
+    <message>
+        <source>Set End</source>
+        <translation>Установка конца</translation>
+    </message>
+</context>
+<context>
+    <name>PlaybackMenu</name>
+    <message>
+        <source>&amp;Playback</source>
+        <translation>&amp;Воспроизведение</translation>
+    </message>
+    <message>
+        <source>Play Current Line</source>
+        <translation>Воспроизвести текущую строку</translation>
+    </message>
+    <message>
+        <source>Loop Current Line</source>
+        <translation>Повторять текущую строку</translation>
+    </message>
+    <message>
+        <source>Play from Half a Second Before</source>
+        <translation>Воспроизвести с полсекунды раньше</translation>
+    </message>
+    <message>
+        <source>%1× Speed</source>
+        <translation>Скорость %1×</translation>
+    </message>
+    <message>
+        <source>Set Start to Playing Time</source>
+        <translation>Начало — на время воспроизведения</translation>
+    </message>
+    <message>
+        <source>Set End to Playing Time</source>
+        <translation>Конец — на время воспроизведения</translation>
+    </message>
+</context>
+<context>
     <name>PreferencesWindow</name>
     <message>
         <source> s</source>

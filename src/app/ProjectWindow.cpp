@@ -4,6 +4,7 @@
 #include "CueTableModel.h"
 #include "Log.h"
 #include "MoviePlaceholder.h"
+#include "PlaybackMenu.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QApplication>
@@ -101,6 +102,8 @@ ProjectWindow::~ProjectWindow()
     qApp->removeEventFilter(this);
     disconnect(qApp, nullptr, this, nullptr);
     m_projectKeys.reset();
+    // The playback aids follow the project: they go first.
+    delete m_playbackMenu;
     // The table lets go of the rows before the project that holds them goes.
     m_syncingSelection = true;
     m_table->setModel(nullptr);

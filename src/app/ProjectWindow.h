@@ -19,6 +19,7 @@ class CTFixButton;
 class CueItemDelegate;
 class CueTableModel;
 class MoviePlaceholder;
+class PlaybackMenu;
 class QAction;
 class QCheckBox;
 class QDialog;
@@ -125,6 +126,7 @@ public:
     QPushButton *playButton() const { return m_playButton; }
     QToolButton *languageButton() const { return m_languageButton; }
     QMenu *audioMenu() const { return m_audioMenu; }
+    PlaybackMenu *playbackMenu() const { return m_playbackMenu; }
     MoviePlaceholder *movieArea() const { return m_movieArea; }
     QSlider *scrubber() const { return m_scrubber; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
@@ -213,6 +215,7 @@ private:
     QToolButton *m_languageButton = nullptr;
     QMenu *m_languageMenu = nullptr;
     QMenu *m_audioMenu = nullptr;
+    PlaybackMenu *m_playbackMenu = nullptr;
     QTableView *m_table = nullptr;
     CueTableModel *m_model = nullptr;
     CueItemDelegate *m_delegate = nullptr;

@@ -1,6 +1,7 @@
 // The window's menus and keyboard: commands by name, titled and enabled by the project; the
 // language pop-up; the panels; the frame-step keys and the fix key.
 #include "CTFixButton.h"
+#include "PlaybackMenu.h"
 #include "ProjectWindow.h"
 #include "VHEncoding.h"
 
@@ -297,6 +298,11 @@ void ProjectWindow::buildMenus()
     }
     m_audioMenu = menus.value(Menu::Movie)->addMenu(tr("Audio Track"));
     m_audioMenu->addAction(tr("No Audio Track"))->setEnabled(false);
+
+    // The playback aids, with their own item states.
+    m_playbackMenu = new PlaybackMenu(*m_project, *this, this);
+    m_playbackMenu->beforeEdit = [this] { commitOpenEditor(); };
+    menuBar()->addMenu(m_playbackMenu);
 }
 
 void ProjectWindow::refreshMenus()

@@ -155,6 +155,9 @@ bool VHMovieController::createPlayer()
         {"osd-level", "0"},
         // Decoding runs on the CPU; probing GPU decoders' GL interop only costs start-up time.
         {"gpu-hwdec-interop", "no"},
+        // Slower or faster playback keeps the voices' pitch (mpv's default, stated here
+        // because the playback aids rely on it).
+        {"audio-pitch-correction", "yes"},
     };
     for (const auto &[name, value] : options)
         mpv_set_option_string(mpv, name, value);
@@ -255,6 +258,15 @@ void VHMovieController::setPlaying(bool playing)
 {
     if (!hasMovie())
         return;
+    if (m_wasPlaying) {
+        // A seek of playback is under way: it resumes playing when it lands. A pause asked now
+        // stays, and is reported (the seek's own pause was not).
+        if (!playing) {
+            m_wasPlaying = false;
+            reportChangedPlaying(false);
+        }
+        return;
+    }
     setPaused(!playing);
     // Paused, the time is that of the frame the player stopped on, which the last periodic
     // update (up to a frame earlier) has not seen; a fix or a frame step starts from it.
@@ -270,6 +282,15 @@ void VHMovieController::followPlayerTime()
     if (std::isnan(t) || t == m_currentTime)
         return;
     updateScrobberTimed();
+}
+
+void VHMovieController::setSpeed(double speed)
+{
+    if (!(speed > 0))
+        return;
+    m_speed = speed;
+    if (m_mpv)
+        mpv_set_property(m_mpv.get(), "speed", MPV_FORMAT_DOUBLE, &speed);
 }
 
 void VHMovieController::togglePlayPause()

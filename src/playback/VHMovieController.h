@@ -84,6 +84,10 @@ public:
     QList<AudioTrackItem> audioMenuItems() const override;
     int audioTrack() const override;
     void setAudioTrack(int index) override;
+    double speed() const override { return m_speed; }
+    // mpv's "speed"; with audio-pitch-correction (on by default) mpv keeps the pitch through
+    // its tempo filter.
+    void setSpeed(double speed) override;
     void setAccuracyScrubbing(bool on) override { m_accuracyScrubbing = on; }
     void setAutoShowControls(bool on) override;
 
@@ -192,6 +196,7 @@ protected:
     bool m_accuracyScrubbing = false;
     double m_currentTime = 0;
     double m_playRate = 0;
+    double m_speed = 1;
     double m_fps = 0;
     // The current time is where playback took the player, not a time that was set (a seek
     // stores the time asked for, which may lie inside the frame on screen).

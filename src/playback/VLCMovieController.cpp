@@ -208,6 +208,7 @@ void VLCMovieController::setMovie(const QString &path)
     m_currentTime = 0;
     m_clockValue = NAN;
     m_pausePending = false;
+    m_seekWhilePlaying = false;
     m_loadError.clear();
     if (m_media) {
         libvlc_media_release(m_media);
@@ -217,6 +218,7 @@ void VLCMovieController::setMovie(const QString &path)
     if (!path.isEmpty())
         m_media = libvlc_media_new_path(m_vlc, QFile::encodeName(path).constData());
     libvlc_media_player_set_media(m_vlcPlayer, m_media);
+    libvlc_media_player_set_rate(m_vlcPlayer, float(m_speed));
     if (!m_media) {
         m_isLoading = false;
         imageSurface()->clearFrame();
@@ -343,6 +345,13 @@ void VLCMovieController::movieStateChanged(int eventType)
     // Playing onto a frame (also while loading) is not a change of the playing flag.
     if (m_isLoading || !std::isnan(m_stepTarget))
         return;
+    // Nor is the pause that a seek while playing makes, up to playing again.
+    if (m_seekWhilePlaying) {
+        if (eventType == libvlc_MediaPlayerPaused)
+            return;
+        if (eventType == libvlc_MediaPlayerPlaying)
+            m_seekWhilePlaying = false;
+    }
     const bool playing = playerIsPlaying();
     setIsPlaying(playing);
     if (playing && m_fps > 0 && !hasScrubberTimer())
@@ -387,7 +396,8 @@ double VLCMovieController::playingTime() const
         m_clockSeen.start();
         return reported;
     }
-    return reported + std::min(double(m_clockSeen.elapsed()) / 1000.0, 1.0);
+    // The clock runs at the playing speed.
+    return reported + std::min(double(m_clockSeen.elapsed()) / 1000.0, 1.0) * m_speed;
 }
 
 long long VLCMovieController::seekTarget(double seconds) const
@@ -428,6 +438,7 @@ void VLCMovieController::setCurrentTime(double seconds)
     m_currentTime = seconds;
     tellSubtitleViewTime(seconds);
     if (wasPlaying) {
+        m_seekWhilePlaying = true;
         libvlc_media_player_set_pause(m_vlcPlayer, 1);
         libvlc_media_player_set_time(m_vlcPlayer, seekTarget(seconds));
         libvlc_media_player_play(m_vlcPlayer);
@@ -485,7 +496,9 @@ void VLCMovieController::togglePlayPause()
     if (!m_media)
         return;
     // Playing takes over from playing onto a frame.
+    const bool stepping = !std::isnan(m_stepTarget);
     m_stepTarget = NAN;
+    m_seekWhilePlaying = false;
     m_holdFrame = false;
     m_pausingAfterStep = false;
     libvlc_audio_set_mute(m_vlcPlayer, 0);
@@ -510,6 +523,13 @@ void VLCMovieController::togglePlayPause()
     } else {
         libvlc_media_player_play(m_vlcPlayer);
         libvlc_video_set_spu(m_vlcPlayer, -1);
+        // Taking over from playing onto a frame (a line clicked a moment ago), libVLC plays
+        // already and reports nothing new: the flag follows the player now.
+        if (stepping && playerIsPlaying()) {
+            setIsPlaying(true);
+            if (m_fps > 0 && !hasScrubberTimer())
+                startScrubberTimer(m_fps);
+        }
     }
 }
 
@@ -560,4 +580,13 @@ void VLCMovieController::setAudioTrack(int index)
 {
     if (m_vlcPlayer)
         libvlc_audio_set_track(m_vlcPlayer, index);
+}
+
+void VLCMovieController::setSpeed(double speed)
+{
+    if (!(speed > 0))
+        return;
+    m_speed = speed;
+    if (m_vlcPlayer)
+        libvlc_media_player_set_rate(m_vlcPlayer, float(speed));
 }

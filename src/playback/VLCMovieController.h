@@ -46,6 +46,8 @@ public:
     QList<AudioTrackItem> audioMenuItems() const override;
     int audioTrack() const override;
     void setAudioTrack(int index) override;
+    // libVLC's rate; its audio time-stretching (on by default) keeps the pitch.
+    void setSpeed(double speed) override;
 
     double position() const override;
     void setPosition(double position);
@@ -95,4 +97,7 @@ private:
     double m_stepTarget = NAN;
     bool m_holdFrame = false;
     bool m_pausingAfterStep = false;
+    // A seek while playing pauses libVLC for a moment: no change of the playing flag until it
+    // plays again.
+    bool m_seekWhilePlaying = false;
 };

@@ -787,6 +787,14 @@ void CTWindowController::offerRecoveries()
     }
 }
 
+void CTWindowController::movieChangedPlaying(bool playing)
+{
+    // Followers of playback (the playback aids) ask the player for the new state.
+    willChangeValueForKey(u"playing"_s);
+    didChangeValueForKey(u"playing"_s);
+    m_fix->playingChanged(playing);
+}
+
 void CTWindowController::setObservedResponderIsTextEditor(bool textEditor)
 {
     m_allowArrows = !textEditor;

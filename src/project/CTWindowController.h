@@ -33,7 +33,8 @@ class FolderPermissions;
 //
 // Observable keys: subtitlePath, subtitles, currentSubtitle, selectionIndices, start,
 // duration, subtitleText, forced, hasChanged, hasSubtitleFile, hasMovie, hasPrevious,
-// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath.
+// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath, playing (announced
+// when the player starts or stops; the player has the state).
 //
 // Threading: main thread only.
 class CTWindowController : public Observable, public PlaybackControlDelegate, private CueListEditorDelegate
@@ -123,7 +124,7 @@ public:
     void fixButtonGotEscape() { m_fix->leaveTap2Sync(); }
     void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
     // The playback controller's report that playback started or stopped.
-    void movieChangedPlaying(bool playing) { m_fix->playingChanged(playing); }
+    void movieChangedPlaying(bool playing);
     // Keyboard focus moved into (or out of) a text editor: the arrow keys step frames only
     // outside one.
     void setObservedResponderIsTextEditor(bool textEditor);

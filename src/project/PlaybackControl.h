@@ -90,6 +90,12 @@ public:
     virtual void toggleFullscreen() {}
     virtual bool isFullscreen() const { return false; }
 
+    // --- speed -----------------------------------------------------------------------
+    // How fast the movie plays: 1 is normal, 0.5 half as fast, 2 twice as fast. The sound
+    // keeps its pitch. The speed stays for the next movie the controller loads.
+    virtual double speed() const { return 1; }
+    virtual void setSpeed(double speed) { Q_UNUSED(speed); }
+
     // --- flags -----------------------------------------------------------------------
     virtual void setAccuracyScrubbing(bool on) { Q_UNUSED(on); }
     virtual void setAutoShowControls(bool on) { Q_UNUSED(on); }

@@ -5,6 +5,7 @@
 #include "Log.h"
 #include "MainQueue.h"
 #include "MoviePlaceholder.h"
+#include "PlaybackMenu.h"
 #include "ProjectWindow.h"
 #include "Settings.h"
 #include "TestSupport.h"
@@ -46,7 +47,7 @@ public:
     QWidget view;
     PlaybackControlDelegate *delegate = nullptr;
     bool movie = false, playing = false;
-    double time = 0;
+    double time = 0, rate = 1;
     QList<double> seeks;
     QList<AudioTrackItem> audio;
 
@@ -78,6 +79,15 @@ public:
     void setDelegate(PlaybackControlDelegate *d) override { delegate = d; }
     double aspectRatio() const override { return 2.0; }
     QList<AudioTrackItem> audioMenuItems() const override { return audio; }
+    double speed() const override { return rate; }
+    void setSpeed(double s) override { rate = s; }
+    // Playback moves the time on and reports it, as the player's periodic update.
+    void playFor(double seconds)
+    {
+        time += seconds;
+        if (delegate)
+            delegate->movieControllerChangedTime(this, time);
+    }
 
 private:
     int m_kind;
@@ -784,4 +794,101 @@ TEST_F(WindowTest, EveryCommandHasOneItemKeysNoOtherItemTakesAndSomethingToRunIt
     std::sort(table.begin(), table.end());
     EXPECT_EQ(itemsWithCommands, table);
     EXPECT_EQ(ProjectWindow::command(u"noSuchCommand:"_s), nullptr);
+
+TEST_F(WindowTest, ThePlaybackMenuPlaysTheLineByItsKeysAndTicksTheSpeed)
+{
+    PlaybackMenu *menu = window->playbackMenu();
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(window->menuBar()->actions().contains(menu->menuAction()));
+    auto item = [menu](const char *name) { return menu->item(QString::fromLatin1(name)); };
+    for (const char *name : {PlaybackMenu::PlayLine, PlaybackMenu::LoopLine, PlaybackMenu::PlayFromLeadIn,
+                             PlaybackMenu::SetStart, PlaybackMenu::SetEnd}) {
+        ASSERT_TRUE(item(name)) << name;
+        EXPECT_FALSE(item(name)->shortcut().isEmpty()) << name;
+        EXPECT_FALSE(item(name)->isEnabled()) << name << " without a movie";
+    }
+    openMovieWithSubtitles();
+    EXPECT_FALSE(item(PlaybackMenu::PlayLine)->isEnabled()) << "no current line";
+    window->cueTable()->selectRow(1);
+    window->cueTable()->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(item(PlaybackMenu::PlayLine)->isEnabled());
+
+    // Ctrl+P plays the line from its start and pauses at its end.
+    QTest::keyClick(window->cueTable(), Qt::Key_P, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(player()->seeks.last(), 5.0);
+    EXPECT_TRUE(player()->playing);
+    EXPECT_EQ(window->playButton()->text(), u"Pause"_s);
+    while (player()->playing && player()->time < 10)
+        player()->playFor(0.04);
+    EXPECT_FALSE(player()->playing);
+    EXPECT_DOUBLE_EQ(player()->time, 7.5);
+
+    // Ctrl+L loops it: the item is ticked while it loops, and Space (pause) ends it.
+    QTest::keyClick(window->cueTable(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_TRUE(item(PlaybackMenu::LoopLine)->isChecked());
+    for (int i = 0; i < 70; ++i)
+        player()->playFor(0.04);
+    EXPECT_LT(player()->time, 7.5);
+    QTest::keyClick(window->cueTable(), Qt::Key_Space);
+    EXPECT_FALSE(player()->playing);
+    EXPECT_FALSE(item(PlaybackMenu::LoopLine)->isChecked());
+
+    // Ctrl+B plays from half a second before.
+    QTest::keyClick(window->cueTable(), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(player()->seeks.last(), 4.5);
+    EXPECT_TRUE(player()->playing);
+
+    // The speeds: one ticked at a time, the normal one first; Ctrl+1 is the slowest.
+    const QString normal = PlaybackMenu::speedName(1.0);
+    EXPECT_TRUE(menu->item(normal)->isChecked());
+    EXPECT_EQ(menu->item(normal)->text(), u"1× Speed"_s);
+    QTest::keyClick(window->cueTable(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(player()->rate, 0.5);
+    EXPECT_TRUE(menu->item(PlaybackMenu::speedName(0.5))->isChecked());
+    EXPECT_FALSE(menu->item(normal)->isChecked());
+    menu->item(PlaybackMenu::speedName(1.5))->trigger();
+    EXPECT_DOUBLE_EQ(player()->rate, 1.5);
+    EXPECT_TRUE(menu->item(PlaybackMenu::speedName(1.5))->isChecked());
+}
+
+TEST_F(WindowTest, TheLinesStartAndEndTakeThePlayingTimeAndUndoInOneStep)
+{
+    openMovieWithSubtitles();
+    window->cueTable()->selectRow(1);
+    window->cueTable()->setFocus();
+    player()->time = 7.0;
+    player()->playFor(0);
+    QCoreApplication::processEvents();
+    PlaybackMenu *menu = window->playbackMenu();
+    ASSERT_TRUE(menu->item(QString::fromLatin1(PlaybackMenu::SetEnd))->isEnabled());
+    QTest::keyClick(window->cueTable(), Qt::Key_E, Qt::ControlModifier);
+    MainQueue::main().drain();
+    QCoreApplication::processEvents();
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->end(), 7.0);
+    EXPECT_EQ(window->durationField()->text(), VHTimeValueTransformer::stringForTime(2.0));
+    window->refreshMenus();
+    EXPECT_EQ(window->action(u"undo:"_s)->text(), u"Undo Set End"_s);
+
+    // The start goes as the fix key takes it (Fix mode: the line before stretches with it).
+    player()->time = 5.5;
+    player()->playFor(0);
+    QTest::keyClick(window->cueTable(), Qt::Key_J, Qt::ControlModifier);
+    MainQueue::main().drain();
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5.5);
+    // ... and the line with those after it towards the movie's end (60 s).
+    EXPECT_NEAR(window->project()->subtitles()[1]->end(), 5.5 + 2.0 * 54.5 / 55, 1e-9);
+    EXPECT_NEAR(window->project()->subtitles()[0]->start(), 1.1, 1e-9);
+    EXPECT_EQ(window->startField()->text(), VHTimeValueTransformer::stringForTime(5.5));
+
+    QTest::keyClick(window->cueTable(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5.0);
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->end(), 7.0);
+    QTest::keyClick(window->cueTable(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->end(), 7.5);
+
+    // Before the line's start there is no end to set.
+    player()->time = 4.0;
+    player()->playFor(0);
+    EXPECT_FALSE(menu->item(QString::fromLatin1(PlaybackMenu::SetEnd))->isEnabled());
 }

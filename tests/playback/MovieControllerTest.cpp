@@ -162,6 +162,26 @@ TEST(MovieController, ASeekWhilePlayingResumesWithoutAPlayReport)
     EXPECT_EQ(player.delegate.playingChanges, (QList<bool>{true, false}));
 }
 
+// The user pauses while a seek of playback is under way (a loop going back to its start):
+// the pause holds when the seek lands, and it is reported.
+TEST(MovieController, APauseDuringASeekWhilePlayingHolds)
+{
+    LoadedController player;
+    ASSERT_TRUE(player.waitLoaded());
+    player.controller.setPlaying(true);
+    ASSERT_TRUE(waitFor([&] { return player.controller.playerTime() > 0.2; }));
+    bool finished = false;
+    QObject::connect(&player.controller, &VHMovieController::seekFinished, [&] { finished = true; });
+    player.controller.setCurrentTime(1.0);
+    player.controller.setPlaying(false);
+    EXPECT_EQ(player.delegate.playingChanges, (QList<bool>{true, false}));
+    ASSERT_TRUE(waitFor([&] { return finished; }));
+    waitFor([] { return false; }, 300);
+    EXPECT_FALSE(player.controller.isPlaying());
+    EXPECT_TRUE(player.waitPlayerAt(1.0)) << player.controller.playerTime();
+    EXPECT_EQ(player.delegate.playingChanges, (QList<bool>{true, false}));
+}
+
 TEST(MovieController, PlayingToTheEndStopsThereAndReportsIt)
 {
     LoadedController player;

@@ -27,6 +27,14 @@ QImage referenceFrame(double seconds);
 double frameDistance(const QImage &picture, const QRect &pictureRect, const QImage &reference,
                      const QRect &excluded);
 
+// Every frame of the test movie, decoded once by the ffmpeg command line (320×240).
+const QList<QImage> &movieFrames();
+// The index (at 25 frames a second) of the test movie's frame that `picture` (a grab of a
+// player's view) shows, found among the frames `from`..`to` by comparing it with each decoded
+// frame: the frames differ in the time burnt into them. Fails the running test when the
+// picture is none of them.
+int shownFrame(const QImage &picture, int from, int to);
+
 // How many pixels of `area` are near white (the overlay's text colour).
 int whitePixels(const QImage &image, const QRect &area);
 

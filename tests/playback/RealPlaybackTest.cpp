@@ -10,7 +10,6 @@
 
 #include <QBoxLayout>
 #include <QGuiApplication>
-#include <QProcess>
 
 #include <cmath>
 
@@ -183,44 +182,9 @@ TEST(RealPlayback, VLCSeeksToAFrameAndTheOverlayShowsItsCue)
 
 namespace {
 
-// Every frame of the test movie, decoded once by the ffmpeg command line (320×240).
-const QList<QImage> &movieFrames()
-{
-    static const QList<QImage> frames = [] {
-        QList<QImage> decoded;
-        QProcess ffmpeg;
-        ffmpeg.start(u"ffmpeg"_s, {u"-hide_banner"_s, u"-loglevel"_s, u"error"_s, u"-i"_s, testMovie(),
-                                   u"-f"_s, u"rawvideo"_s, u"-pix_fmt"_s, u"rgb24"_s, u"-"_s});
-        ffmpeg.waitForFinished(60000);
-        const QByteArray bytes = ffmpeg.readAllStandardOutput();
-        constexpr qsizetype FrameBytes = 320 * 240 * 3;
-        for (qsizetype at = 0; at + FrameBytes <= bytes.size(); at += FrameBytes)
-            decoded << QImage(reinterpret_cast<const uchar *>(bytes.constData() + at), 320, 240, 320 * 3,
-                              QImage::Format_RGB888)
-                           .convertToFormat(QImage::Format_RGB32);
-        return decoded;
-    }();
-    return frames;
-}
-
-// The index (at 25 frames a second) of the test movie's frame that the controller's picture
-// shows, found among the frames `from`..`to` by comparing it with each decoded frame.
 int shownFrame(VHMovieController &controller, int from, int to)
 {
-    const QList<QImage> &frames = movieFrames();
-    const QImage picture = controller.grabFrame();
-    const QRect pictureRect = ImageVideoSurface::frameRect({320, 240}, QRect(QPoint(), picture.size()));
-    int best = -1;
-    double bestDistance = 255;
-    for (int index = std::max(0, from); index <= std::min<int>(to, int(frames.size()) - 1); ++index) {
-        const double distance = frameDistance(picture, pictureRect, frames[index], QRect());
-        if (distance < bestDistance) {
-            best = index;
-            bestDistance = distance;
-        }
-    }
-    EXPECT_LT(bestDistance, 12.0) << "the picture is none of the frames " << from << ".." << to;
-    return best;
+    return shownFrame(controller.grabFrame(), from, to);
 }
 
 // The frame that covers `seconds`.

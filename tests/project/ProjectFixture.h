@@ -102,10 +102,13 @@ public:
 class FakePlayer final : public PlaybackControl
 {
 public:
-    bool movie = false;
-    double time = 0, frameRate = 25, length = 0;
+    bool movie = false, playing = false;
+    double time = 0, frameRate = 25, length = 0, rate = 1;
     QList<double> seeks;
+    QList<bool> playingCalls;
     int subtitlesHandedOver = 0, redraws = 0;
+    // Whether a seek reports its time to the delegate at once, as the real players do.
+    bool reportsSeeks = false;
 
     bool hasMovie() const override { return movie; }
     double currentTime() const override { return time; }
@@ -113,11 +116,30 @@ public:
     {
         seeks << seconds;
         time = seconds;
+        if (reportsSeeks && delegate)
+            delegate->movieControllerChangedTime(this, seconds);
     }
     double fps() const override { return frameRate; }
     double duration() const override { return length; }
-    bool isPlaying() const override { return false; }
-    void setPlaying(bool) override {}
+    bool isPlaying() const override { return playing; }
+    void setPlaying(bool p) override
+    {
+        playingCalls << p;
+        if (p == playing)
+            return;
+        playing = p;
+        if (delegate)
+            delegate->movieControllerChangedPlaying(this, p);
+    }
+    double speed() const override { return rate; }
+    void setSpeed(double s) override { rate = s; }
+    // Playback moves the time on by `seconds` and reports it, as a player's periodic update.
+    void playFor(double seconds)
+    {
+        time += seconds;
+        if (delegate)
+            delegate->movieControllerChangedTime(this, time);
+    }
     void setSubtitles(const SubtitleList &) override { ++subtitlesHandedOver; }
     void setShowSubtitle(bool) override {}
     void redrawCurrentSubtitle() override { ++redraws; }
