@@ -114,6 +114,11 @@ public:
     // Chooses the mode from the modifier keys: no cue 0, Shift 2, Option 3, else 1.
     void updateFixMode();
     void fixSubtitleStart();
+    // The time the fix commands set the current cue's start to: the playing time, passed
+    // through the adjustment when one is set (the window snaps it to speech). In Tap2Sync the
+    // adjustment is asked about the time less the reaction delay, where the cue will land.
+    void setFixTimeAdjustment(std::function<double(double)> adjust) { m_fixTimeAdjustment = std::move(adjust); }
+    double fixTime() const;
     void shiftSubtitles();
     void fixSingleSubtitleStart();
     void toggleTap2Sync();
@@ -486,6 +491,7 @@ private:
     // is gone.
     std::shared_ptr<int> m_alive = std::make_shared<int>(0);
     std::function<void(const QString &)> m_commandHandler;
+    std::function<double(double)> m_fixTimeAdjustment;
     Observable::KeyToken m_cueBinding;
     std::vector<ScopedObserver> m_cueObservers;
     FixRange m_range;

@@ -223,7 +223,7 @@ void CTWindowController::fixSubtitleStart()
         return;
     EditScope edit(*this, m_fixMode == 4 ? editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Tap2Sync"))
                                          : editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix")));
-    setStart(m_player->currentTime());
+    setStart(fixTime());
     if (m_fixMode != 4)
         return;
     // A tap moves on to the next line whenever there is one, anchor or not, so that a second
@@ -237,6 +237,18 @@ void CTWindowController::fixSubtitleStart()
     }
 }
 
+double CTWindowController::fixTime() const
+{
+    const double t = m_player ? m_player->currentTime() : m_currentTime;
+    if (!m_fixTimeAdjustment)
+        return t;
+    const double delay = m_fixMode == 4 ? Settings::shared().doubleValue(u"TapDelaySecs"_s) : 0.0;
+    // An adjustment that keeps the time keeps it to the bit: no rounding through the delay.
+    const double landing = t - delay;
+    const double adjusted = m_fixTimeAdjustment(landing);
+    return adjusted == landing ? t : adjusted + delay;
+}
+
 void CTWindowController::shiftSubtitles()
 {
     if (!m_currentSubtitle)
@@ -244,7 +256,7 @@ void CTWindowController::shiftSubtitles()
     EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Shift")));
     setFixMode(2);
     if (canFix())
-        setStart(m_player->currentTime());
+        setStart(fixTime());
     updateFixMode();
 }
 
@@ -255,7 +267,7 @@ void CTWindowController::fixSingleSubtitleStart()
     EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix Single Line")));
     setFixMode(3);
     if (canFix())
-        setStart(m_player->currentTime());
+        setStart(fixTime());
     updateFixMode();
 }
 
