@@ -66,26 +66,41 @@ double TimelineScale::limitedViewStart(double viewStart, double secondsPerPixel,
     return std::clamp(viewStart, 0.0, latest);
 }
 
-std::pair<qsizetype, qsizetype> visibleCueRange(const SubtitleList &cues, double from, double to)
+std::vector<double> cueReach(const SubtitleList &cues)
 {
-    // First cue starting at or after `from`, and first starting after `to`.
-    auto byStart = [](const SubtitlePtr &cue, double t) { return cue->start() < t; };
-    qsizetype first = std::lower_bound(cues.cbegin(), cues.cend(), from, byStart) - cues.cbegin();
+    std::vector<double> reach;
+    reach.reserve(std::size_t(cues.size()));
+    double latest = -std::numeric_limits<double>::infinity();
+    for (const SubtitlePtr &cue : cues) {
+        latest = std::max(latest, cue->end());
+        reach.push_back(latest);
+    }
+    return reach;
+}
+
+std::pair<qsizetype, qsizetype> visibleCueRange(const SubtitleList &cues, const std::vector<double> &reach,
+                                                double from, double to)
+{
+    if (cues.isEmpty() || reach.size() != std::size_t(cues.size()))
+        return {0, 0};
+    // The first cue whose run of cues reaches past `from`, and the first starting after `to`.
+    const auto first = qsizetype(std::upper_bound(reach.cbegin(), reach.cend(), from) - reach.cbegin());
     const qsizetype last =
         std::upper_bound(cues.cbegin() + first, cues.cend(), to,
                          [](double t, const SubtitlePtr &cue) { return t < cue->start(); }) -
         cues.cbegin();
-    // Cues that start earlier and still run into the view. Long cues overlapping many others
-    // are rare; the walk stops at the first one that ended before the view, after a few
-    // that did not.
-    int misses = 0;
-    for (qsizetype i = first - 1; i >= 0 && misses < 8; --i) {
-        if (cues[i]->end() > from)
-            first = i;
-        else
-            ++misses;
-    }
     return {first, std::max(first, last)};
+}
+
+std::pair<qsizetype, qsizetype> TimelineView::visibleCues(double from, double to) const
+{
+    const SubtitleList &cues = m_project->subtitles();
+    if (!m_reachValid || m_reachRevision != m_project->revision() || m_reach.size() != std::size_t(cues.size())) {
+        m_reach = cueReach(cues);
+        m_reachRevision = m_project->revision();
+        m_reachValid = true;
+    }
+    return visibleCueRange(cues, m_reach, from, to);
 }
 
 TimelineView::TimelineView(CTWindowController *project, const SpeechSnapper *snapper, QWidget *parent)
@@ -238,13 +253,16 @@ void TimelineView::projectKeyChanged(const QString &key)
     }
     if (key == u"hasMovie"_s && !m_viewChosen)
         setView(m_project->currentTime() - DefaultSpan * 0.1, DefaultSpan / std::max(width(), 1));
-    if (key == u"subtitles"_s && m_drag)
-        m_drag.reset(); // the list changed under the drag
+    if (key == u"subtitles"_s) {
+        m_reachValid = false;
+        m_drag.reset(); // the list changed under a drag
+    }
     update();
 }
 
 void TimelineView::cuesChanged()
 {
+    m_reachValid = false;
     update();
 }
 
@@ -280,7 +298,7 @@ std::pair<TimelineView::Grab, qsizetype> TimelineView::grabAt(QPointF pos) const
     const SubtitleList &cues = m_project->subtitles();
     const double reach = EdgeReach * m_scale.secondsPerPixel;
     const double t = m_scale.timeAt(pos.x());
-    const auto [first, last] = visibleCueRange(cues, t - reach, t + reach);
+    const auto [first, last] = visibleCues(t - reach, t + reach);
     Grab best = Grab::None;
     qsizetype bestIndex = -1;
     double bestDistance = EdgeReach + 1;
@@ -432,7 +450,7 @@ void TimelineView::paintCues(QPainter &painter)
             painter.fillRect(QRectF(x0, lane.top(), x1 - x0, lane.height()), QColor(240, 200, 60, 28));
     }
 
-    const auto [first, last] = visibleCueRange(cues, from, to);
+    const auto [first, last] = visibleCues(from, to);
     const VHSubtitle *current = m_project->currentSubtitle().get();
     const QColor barColor = pal.color(QPalette::Button);
     const QColor activeColor = pal.color(QPalette::Button).lighter(115);

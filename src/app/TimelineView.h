@@ -37,10 +37,14 @@ struct TimelineScale
     static double limitedViewStart(double viewStart, double secondsPerPixel, double length, int width);
 };
 
-// The cues of `cues` (in start order) that show between `from` and `to`: a half-open range
-// of indexes. Found by binary search on the starts, then widened backwards over cues that
-// start before `from` and still run into it.
-std::pair<qsizetype, qsizetype> visibleCueRange(const SubtitleList &cues, double from, double to);
+// How far the cues reach: for each index, the latest end of the cues up to it (so that a
+// long line that starts early is found where it still shows).
+std::vector<double> cueReach(const SubtitleList &cues);
+// The cues of `cues` (in start order) that show between `from` and `to`, as a half-open
+// range of indexes from the first that still runs into `from` to the last that starts by
+// `to`. Two binary searches: on `reach` (from cueReach()) and on the starts.
+std::pair<qsizetype, qsizetype> visibleCueRange(const SubtitleList &cues, const std::vector<double> &reach,
+                                                double from, double to);
 
 // The strip between the movie and the editor: the waveform of the movie's audio (the
 // smallest and largest sample of each pixel), a band where speech was detected, the cues
@@ -146,6 +150,8 @@ private:
     void cueListReset() override { cuesChanged(); }
     void cueRowsChanged(qsizetype, qsizetype) override { cuesChanged(); }
     void cuesChanged();
+    // The visible range of the project's cues, with the reach kept for the list as it is.
+    std::pair<qsizetype, qsizetype> visibleCues(double from, double to) const;
     void projectKeyChanged(const QString &key);
     void followTime(double seconds);
     void seekTo(double seconds);
@@ -168,6 +174,9 @@ private:
     QString m_audioNote;
     QPixmap m_waveformCache;
     bool m_waveformValid = false;
+    mutable std::vector<double> m_reach;
+    mutable bool m_reachValid = false;
+    mutable quint64 m_reachRevision = 0;
     std::optional<Drag> m_drag;
     Qt::KeyboardModifiers m_dragModifiers;
     bool m_committing = false;

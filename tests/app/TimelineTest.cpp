@@ -64,8 +64,9 @@ TEST(TimelineCues, TheVisibleCuesOfAHundredThousandAreExactlyThoseOnScreen)
     SubtitleList cues = cuesEvery(100000, 2.0, 1.5);
     // One long cue that starts early and runs far into later ones.
     cues[5000]->setEnd(10030);
-    auto check = [&cues](double from, double to) {
-        const auto [first, last] = visibleCueRange(cues, from, to);
+    const std::vector<double> reach = cueReach(cues);
+    auto check = [&](double from, double to) {
+        const auto [first, last] = visibleCueRange(cues, reach, from, to);
         qsizetype expectedFirst = -1, expectedLast = -1;
         for (qsizetype i = 0; i < cues.size(); ++i) {
             if (cues[i]->end() > from && cues[i]->start() <= to) {
@@ -74,7 +75,10 @@ TEST(TimelineCues, TheVisibleCuesOfAHundredThousandAreExactlyThoseOnScreen)
                 expectedLast = i;
             }
         }
-        ASSERT_GE(expectedFirst, 0);
+        if (expectedFirst < 0) {
+            EXPECT_EQ(first, last) << from << ".." << to;
+            return;
+        }
         EXPECT_EQ(first, expectedFirst) << from << ".." << to;
         EXPECT_EQ(last, expectedLast + 1) << from << ".." << to;
     };
@@ -85,9 +89,9 @@ TEST(TimelineCues, TheVisibleCuesOfAHundredThousandAreExactlyThoseOnScreen)
     check(199990, 200100); // the end
     check(0, 200000);      // everything
     // Nothing to show.
-    const auto [first, last] = visibleCueRange(cues, 300000, 300010);
+    const auto [first, last] = visibleCueRange(cues, reach, 300000, 300010);
     EXPECT_EQ(first, last);
-    const auto [none1, none2] = visibleCueRange(SubtitleList(), 0, 10);
+    const auto [none1, none2] = visibleCueRange(SubtitleList(), {}, 0, 10);
     EXPECT_EQ(none1, none2);
 }
 
@@ -236,13 +240,13 @@ TEST_F(TimelineWindowTest, DraggingAnEndEdgeSetsTheEndInOneUndoStep)
     EXPECT_FALSE(window->project()->canUndo());
 
     // An end dragged before its start stops at the start; one dragged into the next line
-    // moves that line's start on, in the same step.
+    // stops at that line's start, as the neighbour rules keep lines from overlapping.
     drag(2, 0.2);
     EXPECT_DOUBLE_EQ(cues()[0]->end(), 1.0);
     window->project()->undo();
     drag(7.5, 10.5);
-    EXPECT_DOUBLE_EQ(cues()[1]->end(), 10.5);
-    EXPECT_GE(cues()[2]->start(), 10.5);
+    EXPECT_DOUBLE_EQ(cues()[1]->end(), 10.0);
+    EXPECT_DOUBLE_EQ(cues()[2]->start(), 10.0);
     window->project()->undo();
     MainQueue::main().drain();
     EXPECT_DOUBLE_EQ(cues()[1]->end(), 7.5);
@@ -290,11 +294,13 @@ TEST_F(TimelineWindowTest, TheFixKeySnapsThroughTheProjectAndShowsWhereItWillLan
     EXPECT_TRUE(pending->allowed);
 
     window->cueTable()->setFocus();
+    QCoreApplication::processEvents(); // the menus take the project's states
     QTest::keyClick(window->cueTable(), Qt::Key_Return, Qt::ControlModifier);
     MainQueue::main().drain();
     EXPECT_DOUBLE_EQ(cues()[1]->start(), 5.62);
     window->project()->undo();
     MainQueue::main().drain();
+    QCoreApplication::processEvents();
 
     // With the bypass key held too, the key fixes at the playing time as it is.
     QTest::keyClick(window->cueTable(), Qt::Key_Return, Qt::ControlModifier | SpeechSnapper::BypassModifier);
@@ -310,7 +316,7 @@ TEST_F(TimelineWindowTest, WithoutSpeechTheFixTimeIsThePlayingTimeToTheBit)
     // onset the time must come back unchanged, not rounded through the delay.
     Settings::shared().setValue(u"TapDelaySecs"_s, 0.3);
     window->project()->setFixMode(CTWindowController::FixModeTap2Sync);
-    for (double t : {12.345678901, 0.1, 7.7, 59.99}) {
+    for (double t : {12.345678901, 0.844, 0.971, 0.032, 59.99}) { // 0.844 - 0.3 + 0.3 is not 0.844
         player->time = t;
         EXPECT_EQ(window->project()->fixTime(), t);
     }
