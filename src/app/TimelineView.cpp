@@ -469,12 +469,11 @@ void TimelineView::paintCues(QPainter &painter)
             continue;
         paintedUpTo = std::max(paintedUpTo, bar.right());
         const bool isCurrent = &cue == current;
-        painter.setPen(isCurrent ? QPen(pal.color(QPalette::Highlight), 2) : QPen(frameColor, 1));
-        painter.setBrush(isCurrent ? pal.color(QPalette::Highlight).lighter(160)
-                                   : (cue.active() ? activeColor : barColor));
+        painter.setPen(isCurrent ? QPen(pal.color(QPalette::Highlight).darker(130), 1) : QPen(frameColor, 1));
+        painter.setBrush(isCurrent ? pal.color(QPalette::Highlight) : (cue.active() ? activeColor : barColor));
         painter.drawRect(bar);
         if (bar.width() > 24) {
-            painter.setPen(isCurrent ? pal.color(QPalette::HighlightedText).darker(300) : pal.color(QPalette::ButtonText));
+            painter.setPen(pal.color(isCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
             const QRectF textRect = bar.adjusted(cue.fixed() ? 9 : 4, 1, -3, -1).intersected(QRectF(rect()));
             QString text = cue.string();
             text.replace(u'\n', u" / "_s);

@@ -10,11 +10,13 @@
 #include "Settings.h"
 #include "SpeechSnapper.h"
 #include "TestSupport.h"
+#include "TimelineAudio.h"
 #include "TimelineView.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QImage>
+#include <QMenu>
 #include <QTableView>
 #include <QTest>
 #include <QWheelEvent>
@@ -104,7 +106,9 @@ public:
     bool movie = false, playing = false;
     double time = 0;
     QList<double> seeks;
+    QList<AudioTrackItem> audio{{u"English"_s, 0, false}, {u"Commentary"_s, 1, false}};
 
+    QList<AudioTrackItem> audioMenuItems() const override { return audio; }
     bool hasMovie() const override { return movie; }
     double currentTime() const override { return time; }
     void setCurrentTime(double seconds) override
@@ -415,6 +419,48 @@ TEST_F(TimelineWindowTest, TheWaveformShowsOnlyFilledPeaksAndTheSpeechBand)
     };
     EXPECT_TRUE(speech(1.5));
     EXPECT_FALSE(speech(3.0));
+}
+
+TEST_F(TimelineWindowTest, TheSoundIsAnalysedForTheChosenTrackWhileTheMovieIsOpen)
+{
+    TimelineAudio audio(*window);
+    audio.setCacheFolder(dir.path(u"cache"_s));
+    openMovie();
+    QCoreApplication::processEvents(); // looked at once the movie has loaded
+    ASSERT_TRUE(audio.analyser());
+    EXPECT_EQ(timeline()->analysis(), audio.analyser()->analysis());
+    EXPECT_EQ(audio.analyser()->request().moviePath, movie);
+    EXPECT_EQ(audio.analyser()->request().audioTrack, 0);
+    EXPECT_TRUE(audio.analyser()->request().centreChannelOnly);
+    // "Film.mp4" holds no sound at all: the strip says so, once the analysis gave up.
+    for (int i = 0; i < 200 && timeline()->audioNote().isEmpty(); ++i)
+        QTest::qWait(20);
+    EXPECT_EQ(timeline()->audioNote(), u"No sound to show"_s);
+
+    // Another track, or the other channel choice, is another analysis.
+    const AudioAnalyser *first = audio.analyser();
+    window->audioMenu()->actions()[1]->trigger();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(audio.analyser());
+    EXPECT_NE(audio.analyser(), first);
+    EXPECT_EQ(audio.analyser()->request().audioTrack, 1);
+    EXPECT_TRUE(timeline()->audioNote().isEmpty());
+    Settings::shared().setValue(CTPreferenceController::TimelineCentreChannelKey, false);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(audio.analyser()->request().centreChannelOnly);
+    // The same choice again starts nothing new.
+    const AudioAnalyser *current = audio.analyser();
+    window->audioMenu()->actions()[1]->trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(audio.analyser(), current);
+
+    // Closing the movie stops the analysis and empties the strip.
+    window->speechSnapper().setOnsets({1.0});
+    window->project()->setMoviePath(QString());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(audio.analyser());
+    EXPECT_FALSE(timeline()->analysis());
+    EXPECT_TRUE(window->speechSnapper().onsets().isEmpty());
 }
 
 TEST_F(TimelineWindowTest, TheStripCanBeHiddenAndTheWindowRemembersIt)
