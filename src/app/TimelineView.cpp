@@ -464,8 +464,9 @@ void TimelineView::paintCues(QPainter &painter)
         const VHSubtitle &cue = *cues[i];
         const bool dragged = m_drag && m_drag->cue.get() == &cue;
         QRectF bar = barRect(cue);
-        // Zoomed far out, many bars share a pixel: one of them stands for the rest.
-        if (bar.right() <= paintedUpTo && &cue != current && !cue.fixed() && !dragged)
+        // Zoomed far out, many bars share a pixel: one of them stands for the rest, until
+        // one reaches a pixel further.
+        if (bar.right() < paintedUpTo + 1 && &cue != current && !cue.fixed() && !dragged)
             continue;
         paintedUpTo = std::max(paintedUpTo, bar.right());
         const bool isCurrent = &cue == current;
