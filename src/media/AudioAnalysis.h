@@ -115,6 +115,9 @@ struct AudioAnalysisRequest
     bool useCache = true;
     // Parts decoded at once, from different seek points; 0 for the number of cores (at most 4).
     int threads = 0;
+    // Length of the parts the track is decoded in; 0 for the analyser's own choice. Tests
+    // use short parts to check that the parts join exactly.
+    double chunkSeconds = 0;
 };
 
 // Where an analysis ended.
