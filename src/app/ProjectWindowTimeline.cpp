@@ -39,12 +39,13 @@ void ProjectWindow::setUpTimeline(QSplitter *splitter)
     m_project->setFixTimeAdjustment(
         [this](double seconds) { return m_snapper->snapped(seconds, m_timeline->modifiersForFix()); });
     // The fix keys with the bypass modifier held as well fix without snapping.
-    for (const QString &command : {u"fixSubtitleStart:"_s, u"shiftSubtitles:"_s, u"fixSingleSubtitleStart:"_s}) {
+    for (const QString &command :
+         {u"fixSubtitleStart:"_s, u"shiftSubtitles:"_s, u"fixSingleSubtitleStart:"_s}) {
         if (QAction *item = action(command); item && !item->shortcut().isEmpty()) {
             const QKeyCombination key = item->shortcut()[0];
-            item->setShortcuts({item->shortcut(),
-                                QKeySequence(QKeyCombination(key.keyboardModifiers() | SpeechSnapper::BypassModifier,
-                                                             key.key()))});
+            item->setShortcuts(
+                {item->shortcut(), QKeySequence(QKeyCombination(
+                                       key.keyboardModifiers() | SpeechSnapper::BypassModifier, key.key()))});
         }
     }
 

@@ -22,8 +22,8 @@ TimelineAudio::TimelineAudio(ProjectWindow &window)
                 scheduleUpdate();
         });
     // The Audio menu stores the chosen track; the preferences the channel choice.
-    m_settingsKeys =
-        Settings::shared().observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
+    m_settingsKeys = Settings::shared().observeKey(
+        QString(), [this](Observable *, const QString &key, Observable::Change change) {
             if (change == Observable::Change::Did &&
                 (key == u"AudioTrack"_s || key == CTPreferenceController::TimelineCentreChannelKey))
                 scheduleUpdate();
@@ -73,7 +73,8 @@ void TimelineAudio::update()
         if (tracks[i].checked && tracks[i].tag >= 0)
             request.audioTrack = int(i);
     }
-    request.centreChannelOnly = Settings::shared().boolValue(CTPreferenceController::TimelineCentreChannelKey);
+    request.centreChannelOnly =
+        Settings::shared().boolValue(CTPreferenceController::TimelineCentreChannelKey);
     request.startPosition = project.currentTime();
     request.cacheFolder = m_cacheFolder;
     if (m_analyser) {

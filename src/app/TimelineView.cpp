@@ -22,7 +22,7 @@ namespace {
 constexpr int RulerHeight = 14;
 constexpr int SpeechHeight = 7;
 constexpr int CueHeight = 34;
-constexpr double EdgeReach = 5; // pixels either side of an edge that grab it
+constexpr double EdgeReach = 5;    // pixels either side of an edge that grab it
 constexpr double DefaultSpan = 30; // seconds across the strip when a movie opens
 
 // A tick step for the ruler that leaves at least `minimumPixels` between labels.
@@ -95,7 +95,8 @@ std::pair<qsizetype, qsizetype> visibleCueRange(const SubtitleList &cues, const 
 std::pair<qsizetype, qsizetype> TimelineView::visibleCues(double from, double to) const
 {
     const SubtitleList &cues = m_project->subtitles();
-    if (!m_reachValid || m_reachRevision != m_project->revision() || m_reach.size() != std::size_t(cues.size())) {
+    if (!m_reachValid || m_reachRevision != m_project->revision() ||
+        m_reach.size() != std::size_t(cues.size())) {
         m_reach = cueReach(cues);
         m_reachRevision = m_project->revision();
         m_reachValid = true;
@@ -207,7 +208,8 @@ void TimelineView::zoomBy(double factor, std::optional<double> anchorX)
             x = playhead;
     }
     const double t = m_scale.timeAt(x);
-    const double spp = TimelineScale::limitedSecondsPerPixel(m_scale.secondsPerPixel * factor, length(), width());
+    const double spp =
+        TimelineScale::limitedSecondsPerPixel(m_scale.secondsPerPixel * factor, length(), width());
     m_viewChosen = true;
     setView(t - x * spp, spp);
 }
@@ -421,7 +423,8 @@ void TimelineView::paintWaveform(QPainter &painter, const QRect &rect)
 
 void TimelineView::paintRuler(QPainter &painter)
 {
-    const double step = rulerStep(m_scale.secondsPerPixel, painter.fontMetrics().horizontalAdvance(u"0:00:00"_s) + 16);
+    const double step =
+        rulerStep(m_scale.secondsPerPixel, painter.fontMetrics().horizontalAdvance(u"0:00:00"_s) + 16);
     painter.setPen(palette().color(QPalette::WindowText));
     QFont font = painter.font();
     font.setPointSizeF(font.pointSizeF() * 0.8);
@@ -471,7 +474,8 @@ void TimelineView::paintCues(QPainter &painter)
         paintedUpTo = std::max(paintedUpTo, bar.right());
         const bool isCurrent = &cue == current;
         painter.setPen(isCurrent ? QPen(pal.color(QPalette::Highlight).darker(130), 1) : QPen(frameColor, 1));
-        painter.setBrush(isCurrent ? pal.color(QPalette::Highlight) : (cue.active() ? activeColor : barColor));
+        painter.setBrush(isCurrent ? pal.color(QPalette::Highlight)
+                                   : (cue.active() ? activeColor : barColor));
         painter.drawRect(bar);
         if (bar.width() > 24) {
             painter.setPen(pal.color(isCurrent ? QPalette::HighlightedText : QPalette::ButtonText));
@@ -550,7 +554,8 @@ void TimelineView::mousePressEvent(QMouseEvent *event)
     const SubtitleList &cues = m_project->subtitles();
     const bool tapping = m_project->fixMode() == CTWindowController::FixModeTap2Sync;
     if ((grab == Grab::StartEdge || grab == Grab::EndEdge) && !tapping && m_project->hasMovie()) {
-        m_drag = Drag{grab, cues[index], grab == Grab::StartEdge ? cues[index]->start() : cues[index]->end(), {}};
+        m_drag =
+            Drag{grab, cues[index], grab == Grab::StartEdge ? cues[index]->start() : cues[index]->end(), {}};
         update();
         return;
     }

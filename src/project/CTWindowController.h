@@ -117,7 +117,10 @@ public:
     // The time the fix commands set the current cue's start to: the playing time, passed
     // through the adjustment when one is set (the window snaps it to speech). In Tap2Sync the
     // adjustment is asked about the time less the reaction delay, where the cue will land.
-    void setFixTimeAdjustment(std::function<double(double)> adjust) { m_fixTimeAdjustment = std::move(adjust); }
+    void setFixTimeAdjustment(std::function<double(double)> adjust)
+    {
+        m_fixTimeAdjustment = std::move(adjust);
+    }
     double fixTime() const;
     void shiftSubtitles();
     void fixSingleSubtitleStart();

@@ -155,8 +155,9 @@ protected:
     void makeWindow()
     {
         window = std::make_unique<ProjectWindow>();
-        window->setPlayers([this](int) -> PlaybackControl * { return player = new FakePlayer; },
-                           [](PlaybackControl *p) -> QWidget * { return &static_cast<FakePlayer *>(p)->view; });
+        window->setPlayers(
+            [this](int) -> PlaybackControl * { return player = new FakePlayer; },
+            [](PlaybackControl *p) -> QWidget * { return &static_cast<FakePlayer *>(p)->view; });
         window->start();
         window->resize(1200, 720);
         window->show();
@@ -409,12 +410,13 @@ TEST_F(TimelineWindowTest, TheWaveformShowsOnlyFilledPeaksAndTheSpeechBand)
         return c.blue() > c.red() + 60;
     };
     const int nearTop = wave.top() + 4;
-    EXPECT_TRUE(coloured(1.5, nearTop));               // loud: reaches the top
-    EXPECT_FALSE(coloured(3.0, nearTop));              // quiet: stays near the middle
-    EXPECT_TRUE(coloured(3.0, wave.center().y() + 1)); // but is drawn
+    EXPECT_TRUE(coloured(1.5, nearTop));                // loud: reaches the top
+    EXPECT_FALSE(coloured(3.0, nearTop));               // quiet: stays near the middle
+    EXPECT_TRUE(coloured(3.0, wave.center().y() + 1));  // but is drawn
     EXPECT_FALSE(coloured(5.0, wave.center().y() + 1)); // not analysed yet: nothing
     auto speech = [&](double seconds) {
-        const QColor c = image.pixelColor(int(timeline()->scale().xAt(seconds)), timeline()->speechRect().center().y());
+        const QColor c =
+            image.pixelColor(int(timeline()->scale().xAt(seconds)), timeline()->speechRect().center().y());
         return c.green() > c.red() + 60 && c.green() > c.blue() + 40;
     };
     EXPECT_TRUE(speech(1.5));
