@@ -15,10 +15,11 @@ class VHEncodingPopupButton;
 class VHLanguagePopUpButton;
 
 // The Preferences window: the encodings for reading and exporting, the interface language,
-// the Tap2Sync times, the reading-speed limit, snapping to speech and the timeline's sound, the autosave
-// interval and which player tries a movie first. Every control writes its setting as soon as it changes and
-// follows the setting when something else changes it; nothing waits for a button or a restart, except the
-// interface language, which the program applies when it starts.
+// the Tap2Sync times, the reading-speed limit, snapping to speech and the timeline's sound,
+// the autosave interval and which player tries a movie first. Every control writes its
+// setting as soon as it changes and follows the setting when something else changes it;
+// nothing waits for a button or a restart, except the interface language, which the program
+// applies when it starts.
 class PreferencesWindow final : public QDialog
 {
     Q_DECLARE_TR_FUNCTIONS(PreferencesWindow)
