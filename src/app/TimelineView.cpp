@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -114,8 +115,6 @@ TimelineView::TimelineView(CTWindowController *project, const SpeechSnapper *sna
     setMouseTracking(true);
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setToolTip(tr("Click to go to a time. Drag the start of a line to fix it there, its end to change "
-                  "its end. Ctrl+wheel zooms."));
     m_project->addCueListObserver(this);
     m_projectKeys =
         m_project->observeKey(QString(), [this](Observable *, const QString &key, Observable::Change change) {
@@ -588,6 +587,29 @@ void TimelineView::mouseReleaseEvent(QMouseEvent *event)
         updateDrag(event->position().x(), event->modifiers());
         finishDrag();
     }
+}
+
+bool TimelineView::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    // Over a line: its times and text; elsewhere what the strip does.
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const auto [grab, index] = grabAt(help->pos());
+    QString text;
+    if (index >= 0) {
+        const VHSubtitle &cue = *m_project->subtitles()[index];
+        text = u"%1 – %2\n%3"_s.arg(VHTimeValueTransformer::stringForTime(cue.start()),
+                                    VHTimeValueTransformer::stringForTime(cue.end()), cue.string());
+        if (grab == Grab::StartEdge)
+            text += u"\n"_s + tr("Drag to fix the line's start here (Meta: without snapping to speech).");
+        else if (grab == Grab::EndEdge)
+            text += u"\n"_s + tr("Drag to change the line's end.");
+    } else {
+        text = tr("Click to go to a time, drag to scrub. Ctrl+wheel zooms, the wheel scrolls.");
+    }
+    QToolTip::showText(help->globalPos(), text, this);
+    return true;
 }
 
 void TimelineView::leaveEvent(QEvent *event)

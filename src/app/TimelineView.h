@@ -131,6 +131,7 @@ public:
     Qt::KeyboardModifiers modifiersForFix() const;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
