@@ -299,16 +299,17 @@ void AudioAnalyser::work()
                 flushed = upTo;
                 sinceFlush.restart();
             };
-            const qint64 end = decoder.decode(chunk.start, double(chunkEnd) / sampleRate, runInSeconds,
-                                              [&](qint64 first, const float *samples, int count) {
-                                                  bins.add(first, samples, count);
-                                                  if (first + count > firstBin * samplesPerBin)
-                                                      decodedSamples += std::min<qint64>(
-                                                          count, first + count - firstBin * samplesPerBin);
-                                                  if (sinceFlush.elapsed() >= flushMilliseconds)
-                                                      flush((first + count) / samplesPerBin);
-                                                  return !m_cancelled.load();
-                                              });
+            const qint64 end =
+                decoder.decode(chunk.start, double(chunkEnd) / sampleRate, runInSeconds,
+                               [&](qint64 first, const float *samples, int count) {
+                                   bins.add(first, samples, count);
+                                   if (first + count > firstBin * samplesPerBin)
+                                       decodedSamples +=
+                                           std::min<qint64>(count, first + count - firstBin * samplesPerBin);
+                                   if (sinceFlush.elapsed() >= flushMilliseconds)
+                                       flush((first + count - 1) / samplesPerBin); // the last bin may go on
+                                   return !m_cancelled.load();
+                               });
             bins.finishBin();
             if (m_cancelled)
                 break;
