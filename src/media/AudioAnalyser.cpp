@@ -231,7 +231,9 @@ void AudioAnalyser::work()
     TrackInfo track;
     track.path = m_request.moviePath;
     track.streamIndex = streamIndex;
-    track.parameters = stream->codecpar;
+    track.parameters.reset(avcodec_parameters_alloc());
+    if (!track.parameters || avcodec_parameters_copy(track.parameters.get(), stream->codecpar) < 0)
+        return fail(QStringLiteral("out of memory"));
     track.timeBase = stream->time_base;
     track.startTime = input->start_time != AV_NOPTS_VALUE ? double(input->start_time) / AV_TIME_BASE : 0;
     track.centreChannelOnly = m_request.centreChannelOnly;
@@ -242,6 +244,7 @@ void AudioAnalyser::work()
     if (!(track.duration > 0) || track.duration > 1e6)
         return fail(QStringLiteral("its length is unknown"));
 
+    input.reset();
     const auto binCount = qint64(std::ceil(track.duration * AudioAnalysis::binsPerSecond - 1e-6));
     m_analysis->setBinCount(binCount);
     std::vector<SpeechBin> speechBins(static_cast<size_t>(binCount));
@@ -344,7 +347,6 @@ void AudioAnalyser::work()
     worker();
     for (std::thread &t : workers)
         t.join();
-    input.reset();
 
     if (m_cancelled) {
         m_outcome = AudioAnalysisOutcome::Cancelled;

@@ -58,7 +58,7 @@ bool ChunkDecoder::open(QString *error)
         return false;
     }
     m_codec = avcodec_alloc_context3(codec);
-    int result = m_codec ? avcodec_parameters_to_context(m_codec, m_track.parameters) : AVERROR(ENOMEM);
+    int result = m_codec ? avcodec_parameters_to_context(m_codec, m_track.parameters.get()) : AVERROR(ENOMEM);
     if (result >= 0) {
         m_codec->pkt_timebase = m_track.timeBase;
         // The analysis has threads of its own, one per part of the track.
