@@ -2,8 +2,11 @@
 #include "AudioAnalysis.h"
 #include "CliSupport.h"
 #include "Commands.h"
+#include "RegularFile.h"
 
 #include <QFileInfo>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -28,8 +31,11 @@ int runSpeech(const QStringList &args)
         return usageError(parser, u"speech takes exactly one MOVIE."_s);
     AudioAnalysisRequest request;
     request.moviePath = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
-    if (!checkReadableFile(request.moviePath))
+    // A regular file (a FIFO would block the demuxer), of any size: a film is gigabytes.
+    if (const auto failure = RegularFile::check(request.moviePath, std::numeric_limits<qint64>::max())) {
+        printError(u"Could not read '%1': %2"_s.arg(request.moviePath, failure->reason));
         return ExitFailure;
+    }
     for (const auto &[name, target, least] :
          {std::tuple{u"track"_s, &request.audioTrack, 1}, std::tuple{u"threads"_s, &request.threads, 1}}) {
         if (!parser.isSet(name))

@@ -231,7 +231,9 @@ void AudioAnalyser::work()
     TrackInfo track;
     track.path = m_request.moviePath;
     track.streamIndex = streamIndex;
-    track.parameters = stream->codecpar;
+    track.parameters.reset(avcodec_parameters_alloc());
+    if (!track.parameters || avcodec_parameters_copy(track.parameters.get(), stream->codecpar) < 0)
+        return fail(QStringLiteral("out of memory"));
     track.timeBase = stream->time_base;
     track.startTime = input->start_time != AV_NOPTS_VALUE ? double(input->start_time) / AV_TIME_BASE : 0;
     track.centreChannelOnly = m_request.centreChannelOnly;
@@ -242,6 +244,7 @@ void AudioAnalyser::work()
     if (!(track.duration > 0) || track.duration > 1e6)
         return fail(QStringLiteral("its length is unknown"));
 
+    input.reset();
     const auto binCount = qint64(std::ceil(track.duration * AudioAnalysis::binsPerSecond - 1e-6));
     m_analysis->setBinCount(binCount);
     std::vector<SpeechBin> speechBins(static_cast<size_t>(binCount));
@@ -299,16 +302,17 @@ void AudioAnalyser::work()
                 flushed = upTo;
                 sinceFlush.restart();
             };
-            const qint64 end = decoder.decode(chunk.start, double(chunkEnd) / sampleRate, runInSeconds,
-                                              [&](qint64 first, const float *samples, int count) {
-                                                  bins.add(first, samples, count);
-                                                  if (first + count > firstBin * samplesPerBin)
-                                                      decodedSamples += std::min<qint64>(
-                                                          count, first + count - firstBin * samplesPerBin);
-                                                  if (sinceFlush.elapsed() >= flushMilliseconds)
-                                                      flush((first + count) / samplesPerBin);
-                                                  return !m_cancelled.load();
-                                              });
+            const qint64 end =
+                decoder.decode(chunk.start, double(chunkEnd) / sampleRate, runInSeconds,
+                               [&](qint64 first, const float *samples, int count) {
+                                   bins.add(first, samples, count);
+                                   if (first + count > firstBin * samplesPerBin)
+                                       decodedSamples +=
+                                           std::min<qint64>(count, first + count - firstBin * samplesPerBin);
+                                   if (sinceFlush.elapsed() >= flushMilliseconds)
+                                       flush((first + count - 1) / samplesPerBin); // the last bin may go on
+                                   return !m_cancelled.load();
+                               });
             bins.finishBin();
             if (m_cancelled)
                 break;
@@ -343,7 +347,6 @@ void AudioAnalyser::work()
     worker();
     for (std::thread &t : workers)
         t.join();
-    input.reset();
 
     if (m_cancelled) {
         m_outcome = AudioAnalysisOutcome::Cancelled;

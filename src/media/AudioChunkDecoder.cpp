@@ -8,6 +8,8 @@ extern "C" {
 }
 
 #include <cmath>
+#include <iterator>
+#include <numeric>
 
 namespace AudioDecoding {
 
@@ -56,7 +58,7 @@ bool ChunkDecoder::open(QString *error)
         return false;
     }
     m_codec = avcodec_alloc_context3(codec);
-    int result = m_codec ? avcodec_parameters_to_context(m_codec, m_track.parameters) : AVERROR(ENOMEM);
+    int result = m_codec ? avcodec_parameters_to_context(m_codec, m_track.parameters.get()) : AVERROR(ENOMEM);
     if (result >= 0) {
         m_codec->pkt_timebase = m_track.timeBase;
         // The analysis has threads of its own, one per part of the track.
@@ -115,6 +117,11 @@ bool ChunkDecoder::emitFrame(AVFrame *frame, qint64 endSample, const SampleSink 
             return false;
         m_position = -1;
     }
+    // Where the frame's samples go. After a seek (or a jump in the track) the count starts
+    // from the frame's time, on an input sample that falls exactly on an output sample: the
+    // resampler then takes the same instants as it would reading the track from its start,
+    // so chunks decoded apart join sample for sample.
+    int skip = 0;
     const qint64 pts = frame->best_effort_timestamp;
     if (pts != AV_NOPTS_VALUE) {
         const double time = double(pts) * av_q2d(m_track.timeBase) - m_track.startTime;
@@ -122,18 +129,34 @@ bool ChunkDecoder::emitFrame(AVFrame *frame, qint64 endSample, const SampleSink 
         if (m_position < 0 || std::llabs(expected - m_position) > driftLimit) {
             if (m_position >= 0)
                 swr_init(m_swr); // a jump: the filter's history belongs to other samples
-            m_position = expected;
+            const qint64 step = m_swrRate / std::gcd(m_swrRate, sampleRate);
+            const auto input = qint64(std::llround(time * m_swrRate));
+            skip = int(((step - input % step) % step));
+            if (skip >= frame->nb_samples) {
+                m_position = -1;
+                return true;
+            }
+            m_position = (input + skip) / step * (sampleRate / std::gcd(m_swrRate, sampleRate));
         }
     } else if (m_position < 0) {
         return true; // no place to put these samples yet
     }
-    const int capacity = swr_get_out_samples(m_swr, frame->nb_samples);
+    const uint8_t *planes[AV_NUM_DATA_POINTERS * 8];
+    const bool planar = av_sample_fmt_is_planar(AVSampleFormat(frame->format));
+    const int planeCount = planar ? frame->ch_layout.nb_channels : 1;
+    if (planeCount > int(std::size(planes)))
+        return true;
+    const int offset = skip * av_get_bytes_per_sample(AVSampleFormat(frame->format)) *
+                       (planar ? 1 : frame->ch_layout.nb_channels);
+    for (int p = 0; p < planeCount; ++p)
+        planes[p] = frame->extended_data[p] + offset;
+    const int inputCount = frame->nb_samples - skip;
+    const int capacity = swr_get_out_samples(m_swr, inputCount);
     if (capacity <= 0)
         return true;
     m_buffer.resize(size_t(capacity));
     auto *out = reinterpret_cast<uint8_t *>(m_buffer.data());
-    const int count = swr_convert(m_swr, &out, capacity, const_cast<const uint8_t **>(frame->extended_data),
-                                  frame->nb_samples);
+    const int count = swr_convert(m_swr, &out, capacity, planes, inputCount);
     if (count < 0) {
         ++m_errors;
         return true;

@@ -23,7 +23,13 @@ struct TrackInfo
 {
     QString path;
     int streamIndex = -1;
-    const AVCodecParameters *parameters = nullptr;
+    struct ParametersFree
+    {
+        void operator()(AVCodecParameters *parameters) const { avcodec_parameters_free(&parameters); }
+    };
+    // A copy: the demuxer that found the track is closed before the workers open theirs,
+    // so that only theirs hold the file's index (some 10 MB for a two-hour MP4).
+    std::unique_ptr<AVCodecParameters, ParametersFree> parameters;
     AVRational timeBase{1, 1};
     double startTime = 0; // the file's start: time 0 of the timeline
     double duration = 0;

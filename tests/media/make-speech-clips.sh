@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
 # Makes movies with speech at known times for the speech detector's measurements.
 #
-#   make-speech-clips.sh OUTDIR tuning|heldout
+#   make-speech-clips.sh OUTDIR tuning|heldout [every-format]
 #
 # Each clip is 36 s of a background (silence, music-like tones or pink noise 10 dB below the
 # speech) with five utterances spoken by espeak-ng at known times, muxed with a testsrc
-# picture as MP4 and MKV, with AAC stereo or 5.1 (speech in the centre channel). Beside each
+# picture as MP4 and MKV, with AAC stereo or 5.1 (speech in the centre channel): each clip in
+# one of the four, in turn, or in all four with "every-format". Beside each
 # movie, <movie>.truth lists the utterances as "start end" in seconds, measured on the
-# spoken audio itself (its first and last sample above -50 dB).
+# spoken audio itself (its first and last sample above -50 dB). The Matroska files keep the
+# AAC encoder's 1024 samples of priming that the MP4 edit list drops, so their sound starts
+# 1024/48000 s later: their truth says so.
 #
 # The two sets share nothing: the detector is tuned on "tuning" and measured on "heldout",
 # with other voices, languages and texts.
@@ -15,6 +18,7 @@ set -euo pipefail
 
 out=$1
 set_name=$2
+every_format=${3:-}
 mkdir -p "$out"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -102,19 +106,24 @@ for voice in "${voices[@]}"; do
         ff -i "$work/speech.wav" -i "$work/bg.wav" -filter_complex "[0:a][1:a]amix=inputs=2:normalize=0:duration=longest" \
             -t $length "$work/mix.wav"
         printf "%s" "$truth" >"$work/truth"
-        # Stereo MP4 and MKV, and a 5.1 MP4 and MKV: dialogue in the centre with a little of the
-        # background, the background alone around it.
+        # Stereo or 5.1 (dialogue in the centre with a little of the background, the
+        # background alone around it), in MP4 or Matroska.
         video=(-f lavfi -i "testsrc=size=160x120:rate=25" -t $length)
-        ff "${video[@]}" -i "$work/mix.wav" -map 0:v -map 1:a -c:v mpeg4 -q:v 10 -c:a aac -b:a 96k -ac 2 \
-            -shortest "$out/$name-stereo.mp4"
-        ff "${video[@]}" -i "$work/mix.wav" -map 0:v -map 1:a -c:v mpeg4 -q:v 10 -c:a aac -b:a 96k -ac 2 \
-            -shortest "$out/$name-stereo.mkv"
-        ff "${video[@]}" -i "$work/speech.wav" -i "$work/bg.wav" -filter_complex \
-            "[1:a][2:a]amerge=inputs=2,pan=5.1|FL=c1|FR=c1|FC=c0+0.5*c1|LFE=0.5*c1|BL=c1|BR=c1[a]" \
-            -map 0:v -map "[a]" -c:v mpeg4 -q:v 10 -c:a aac -b:a 256k -shortest "$out/$name-51.mp4"
-        ff -i "$out/$name-51.mp4" -c copy "$out/$name-51.mkv"
-        for movie in stereo.mp4 stereo.mkv 51.mp4 51.mkv; do
-            cp "$work/truth" "$out/$name-$movie.truth"
+        formats=(stereo.mp4 51.mkv stereo.mkv 51.mp4)
+        [[ -n $every_format ]] || formats=("${formats[$((clip % 4))]}")
+        for format in "${formats[@]}"; do
+            movie="$out/$name-$format"
+            if [[ $format == stereo.* ]]; then
+                ff "${video[@]}" -i "$work/mix.wav" -map 0:v -map 1:a -c:v mpeg4 -q:v 10 -c:a aac -b:a 96k \
+                    -ac 2 -shortest "$movie"
+            else
+                ff "${video[@]}" -i "$work/speech.wav" -i "$work/bg.wav" -filter_complex \
+                    "[1:a][2:a]amerge=inputs=2,pan=5.1|FL=c1|FR=c1|FC=c0+0.5*c1|LFE=0.5*c1|BL=c1|BR=c1[a]" \
+                    -map 0:v -map "[a]" -c:v mpeg4 -q:v 10 -c:a aac -b:a 256k -shortest "$movie"
+            fi
+            shift_by=0
+            [[ $format == *.mkv ]] && shift_by=$(awk 'BEGIN { printf "%.6f", 1024 / 48000 }')
+            awk -v d="$shift_by" '{ printf "%.3f %.3f\n", $1 + d, $2 + d }' "$work/truth" >"$movie.truth"
         done
     done
 done
