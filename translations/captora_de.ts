@@ -788,6 +788,28 @@ The player applies to the next movie you open.</source>
         <translation>Untertitel lassen sich in Filme einbetten und aus Filmen extrahieren, die libmpv abspielt.
 Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
     </message>
+    <message>
+        <source>Snap fixes to the start of speech</source>
+        <translation>Fixierungen am Beginn von Sprache einrasten lassen</translation>
+    </message>
+    <message>
+        <source>Snap within:</source>
+        <translation>Einrasten innerhalb von:</translation>
+    </message>
+    <message>
+        <source>A fix, a tap or a dragged start moves to speech that starts this close.
+Hold the Meta (Super) key to fix at the time as it is.</source>
+        <translation>Eine Fixierung, ein Tippen oder ein gezogener Beginn rückt auf Sprache, die so nah beginnt.
+Halten Sie die Meta-Taste (Super), um genau bei der Zeit zu fixieren.</translation>
+    </message>
+    <message>
+        <source>Hear 5.1 sound on its centre channel (dialogue)</source>
+        <translation>5.1-Ton über den Centerkanal hören (Dialog)</translation>
+    </message>
+    <message>
+        <source>The timeline&apos;s waveform and speech come from the channel films keep their dialogue on.</source>
+        <translation>Wellenform und Sprache der Zeitleiste kommen aus dem Kanal, auf dem Filme ihre Dialoge haben.</translation>
+    </message>
 </context>
 <context>
     <name>ProgressWindow</name>
@@ -1096,6 +1118,26 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Show Timeline</source>
+        <translation>Zeitleiste anzeigen</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Show Whole Movie</source>
+        <translation>Ganzen Film zeigen</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1163,6 +1205,32 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineAudio</name>
+    <message>
+        <source>No sound to show</source>
+        <translation>Kein Ton zum Anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineView</name>
+    <message>
+        <source>Drag to fix the line&apos;s start here (Meta: without snapping to speech).</source>
+        <translation>Ziehen, um den Beginn der Zeile hier zu fixieren (Meta: ohne Einrasten an Sprache).</translation>
+    </message>
+    <message>
+        <source>Drag to change the line&apos;s end.</source>
+        <translation>Ziehen, um das Ende der Zeile zu ändern.</translation>
+    </message>
+    <message>
+        <source>Click to go to a time, drag to scrub. Ctrl+wheel zooms, the wheel scrolls.</source>
+        <translation>Klicken springt zu einer Zeit, Ziehen spult. Strg+Mausrad zoomt, das Mausrad blättert.</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Endzeit</translation>
     </message>
 </context>
 <context>

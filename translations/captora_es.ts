@@ -788,6 +788,28 @@ The player applies to the next movie you open.</source>
         <translation>Los subtítulos se pueden incorporar a las películas que reproduce libmpv y extraer de ellas.
 El reproductor se aplica a la próxima película que abra.</translation>
     </message>
+    <message>
+        <source>Snap fixes to the start of speech</source>
+        <translation>Ajustar las correcciones al inicio del habla</translation>
+    </message>
+    <message>
+        <source>Snap within:</source>
+        <translation>Ajustar dentro de:</translation>
+    </message>
+    <message>
+        <source>A fix, a tap or a dragged start moves to speech that starts this close.
+Hold the Meta (Super) key to fix at the time as it is.</source>
+        <translation>Una corrección, una pulsación o un inicio arrastrado se mueve al habla que empieza así de cerca.
+Mantenga pulsada la tecla Meta (Super) para corregir en el instante exacto.</translation>
+    </message>
+    <message>
+        <source>Hear 5.1 sound on its centre channel (dialogue)</source>
+        <translation>Escuchar el sonido 5.1 en su canal central (diálogos)</translation>
+    </message>
+    <message>
+        <source>The timeline&apos;s waveform and speech come from the channel films keep their dialogue on.</source>
+        <translation>La forma de onda y el habla de la línea de tiempo vienen del canal en el que las películas llevan los diálogos.</translation>
+    </message>
 </context>
 <context>
     <name>ProgressWindow</name>
@@ -1096,6 +1118,26 @@ El reproductor se aplica a la próxima película que abra.</translation>
         <source>Redo</source>
         <translation>Rehacer</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ver</translation>
+    </message>
+    <message>
+        <source>Show Timeline</source>
+        <translation>Mostrar la línea de tiempo</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Acercar</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Alejar</translation>
+    </message>
+    <message>
+        <source>Show Whole Movie</source>
+        <translation>Mostrar toda la película</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1163,6 +1205,32 @@ El reproductor se aplica a la próxima película que abra.</translation>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineAudio</name>
+    <message>
+        <source>No sound to show</source>
+        <translation>No hay sonido que mostrar</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineView</name>
+    <message>
+        <source>Drag to fix the line&apos;s start here (Meta: without snapping to speech).</source>
+        <translation>Arrastre para fijar aquí el inicio de la línea (Meta: sin ajustar al habla).</translation>
+    </message>
+    <message>
+        <source>Drag to change the line&apos;s end.</source>
+        <translation>Arrastre para cambiar el final de la línea.</translation>
+    </message>
+    <message>
+        <source>Click to go to a time, drag to scrub. Ctrl+wheel zooms, the wheel scrolls.</source>
+        <translation>Haga clic para ir a un instante, arrastre para recorrer. Ctrl+rueda amplía, la rueda desplaza.</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Hora de fin</translation>
     </message>
 </context>
 <context>

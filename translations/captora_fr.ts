@@ -788,6 +788,28 @@ The player applies to the next movie you open.</source>
         <translation>Les sous-titres peuvent être intégrés aux films que libmpv lit, et extraits de ceux-ci.
 Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     </message>
+    <message>
+        <source>Snap fixes to the start of speech</source>
+        <translation>Caler les corrections sur le début de la parole</translation>
+    </message>
+    <message>
+        <source>Snap within:</source>
+        <translation>Caler dans un rayon de :</translation>
+    </message>
+    <message>
+        <source>A fix, a tap or a dragged start moves to speech that starts this close.
+Hold the Meta (Super) key to fix at the time as it is.</source>
+        <translation>Une correction, une frappe ou un début glissé va à la parole qui commence aussi près.
+Maintenez la touche Méta (Super) pour corriger à l’instant exact.</translation>
+    </message>
+    <message>
+        <source>Hear 5.1 sound on its centre channel (dialogue)</source>
+        <translation>Écouter le son 5.1 sur sa voie centrale (dialogues)</translation>
+    </message>
+    <message>
+        <source>The timeline&apos;s waveform and speech come from the channel films keep their dialogue on.</source>
+        <translation>La forme d’onde et la parole de la frise viennent de la voie qui porte les dialogues des films.</translation>
+    </message>
 </context>
 <context>
     <name>ProgressWindow</name>
@@ -1096,6 +1118,26 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
         <source>Redo</source>
         <translation>Rétablir</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Affichage</translation>
+    </message>
+    <message>
+        <source>Show Timeline</source>
+        <translation>Afficher la frise</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Zoom avant</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Zoom arrière</translation>
+    </message>
+    <message>
+        <source>Show Whole Movie</source>
+        <translation>Afficher tout le film</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1163,6 +1205,32 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineAudio</name>
+    <message>
+        <source>No sound to show</source>
+        <translation>Aucun son à afficher</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineView</name>
+    <message>
+        <source>Drag to fix the line&apos;s start here (Meta: without snapping to speech).</source>
+        <translation>Glisser pour caler le début de la ligne ici (Méta : sans caler sur la parole).</translation>
+    </message>
+    <message>
+        <source>Drag to change the line&apos;s end.</source>
+        <translation>Glisser pour changer la fin de la ligne.</translation>
+    </message>
+    <message>
+        <source>Click to go to a time, drag to scrub. Ctrl+wheel zooms, the wheel scrolls.</source>
+        <translation>Cliquer va à un instant, glisser fait défiler. Ctrl+molette zoome, la molette fait défiler.</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Heure de fin</translation>
     </message>
 </context>
 <context>

@@ -794,6 +794,28 @@ The player applies to the next movie you open.</source>
         <translation>Субтитры можно встраивать в фильмы, которые воспроизводит libmpv, и извлекать из них.
 Проигрыватель будет использован для следующего открытого фильма.</translation>
     </message>
+    <message>
+        <source>Snap fixes to the start of speech</source>
+        <translation>Привязывать исправления к началу речи</translation>
+    </message>
+    <message>
+        <source>Snap within:</source>
+        <translation>Привязывать в пределах:</translation>
+    </message>
+    <message>
+        <source>A fix, a tap or a dragged start moves to speech that starts this close.
+Hold the Meta (Super) key to fix at the time as it is.</source>
+        <translation>Исправление, нажатие или перетащенное начало переносится на речь, которая начинается так близко.
+Удерживайте клавишу Meta (Super), чтобы исправить точно в это время.</translation>
+    </message>
+    <message>
+        <source>Hear 5.1 sound on its centre channel (dialogue)</source>
+        <translation>Брать звук 5.1 из центрального канала (диалоги)</translation>
+    </message>
+    <message>
+        <source>The timeline&apos;s waveform and speech come from the channel films keep their dialogue on.</source>
+        <translation>Осциллограмма и речь на шкале времени берутся из канала, в котором у фильмов диалоги.</translation>
+    </message>
 </context>
 <context>
     <name>ProgressWindow</name>
@@ -1102,6 +1124,26 @@ The player applies to the next movie you open.</source>
         <source>Redo</source>
         <translation>Повторить</translation>
     </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Вид</translation>
+    </message>
+    <message>
+        <source>Show Timeline</source>
+        <translation>Показывать шкалу времени</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Увеличить</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Уменьшить</translation>
+    </message>
+    <message>
+        <source>Show Whole Movie</source>
+        <translation>Показать весь фильм</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1171,6 +1213,32 @@ The player applies to the next movie you open.</source>
     <message>
         <source>Cancel</source>
         <translation>Отмена</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineAudio</name>
+    <message>
+        <source>No sound to show</source>
+        <translation>Нет звука для показа</translation>
+    </message>
+</context>
+<context>
+    <name>TimelineView</name>
+    <message>
+        <source>Drag to fix the line&apos;s start here (Meta: without snapping to speech).</source>
+        <translation>Перетащите, чтобы закрепить здесь начало строки (Meta: без привязки к речи).</translation>
+    </message>
+    <message>
+        <source>Drag to change the line&apos;s end.</source>
+        <translation>Перетащите, чтобы изменить конец строки.</translation>
+    </message>
+    <message>
+        <source>Click to go to a time, drag to scrub. Ctrl+wheel zooms, the wheel scrolls.</source>
+        <translation>Щелчок переходит ко времени, перетаскивание прокручивает. Ctrl+колесо меняет масштаб, колесо прокручивает.</translation>
+    </message>
+    <message>
+        <source>End Time</source>
+        <translation>Время конца</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "CTPreferenceController.h"
 
 #include "Settings.h"
+#include "SpeechSnapper.h"
 #include "VHEncodingPopupButton.h"
 #include "VHLanguagePopUpButton.h"
 
@@ -13,6 +14,9 @@ const QString CTPreferenceController::LocaleKey = u"Locale"_s;
 const QString CTPreferenceController::MaxCharactersPerSecondKey = u"MaxCharactersPerSecond"_s;
 const QString CTPreferenceController::AutosaveIntervalKey = u"AutosaveInterval"_s;
 const QString CTPreferenceController::PreferredPlayerKey = u"PreferredPlayer"_s;
+const QString CTPreferenceController::ShowTimelineKey = u"ShowTimeline"_s;
+const QString CTPreferenceController::TimelineHeightKey = u"TimelineHeight"_s;
+const QString CTPreferenceController::TimelineCentreChannelKey = u"TimelineCentreChannel"_s;
 
 void CTPreferenceController::registerDefaults()
 {
@@ -22,7 +26,11 @@ void CTPreferenceController::registerDefaults()
         {AutosaveIntervalKey, 30},
         {PreferredPlayerKey, 1},
         {VHLanguagePopUpButton::IgnoreCountryKey, true},
+        {ShowTimelineKey, true},
+        {TimelineHeightKey, 150},
+        {TimelineCentreChannelKey, true},
     });
+    SpeechSnapper::registerDefaults();
 }
 
 CTPreferenceController &CTPreferenceController::sharedPreferenceController()

@@ -26,6 +26,11 @@ public:
     static const QString MaxCharactersPerSecondKey; // "MaxCharactersPerSecond": 17
     static const QString AutosaveIntervalKey;       // "AutosaveInterval": 30 seconds
     static const QString PreferredPlayerKey;        // "PreferredPlayer": 1 libmpv first, 2 libVLC first
+    static const QString ShowTimelineKey;           // "ShowTimeline": true
+    static const QString TimelineHeightKey;         // "TimelineHeight": 150 pixels
+    // "TimelineCentreChannel": true, the waveform and speech of a 5.1 track from its centre
+    // channel, where films keep their dialogue.
+    static const QString TimelineCentreChannelKey;
 
     static CTPreferenceController &sharedPreferenceController();
     static void registerDefaults();

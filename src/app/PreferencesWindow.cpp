@@ -2,6 +2,7 @@
 
 #include "CTPreferenceController.h"
 #include "Settings.h"
+#include "SpeechSnapper.h"
 #include "VHEncodingPopupButton.h"
 #include "VHLanguagePopUpButton.h"
 
@@ -122,6 +123,17 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     m_readingSpeed->setRange(1, 100);
     m_readingSpeed->setSuffix(tr(" characters per second"));
     timingForm->addRow(tr("Reading speed limit:"), m_readingSpeed);
+    m_snapToSpeech = new QCheckBox(tr("Snap fixes to the start of speech"), timing);
+    timingForm->addRow(m_snapToSpeech);
+    m_snapWindow = secondsField(0.05, 2, 0.05, timing);
+    timingForm->addRow(tr("Snap within:"), m_snapWindow);
+    timingForm->addRow(note(tr("A fix, a tap or a dragged start moves to speech that starts this close.\n"
+                               "Hold the Meta (Super) key to fix at the time as it is."),
+                            timing));
+    m_centreChannel = new QCheckBox(tr("Hear 5.1 sound on its centre channel (dialogue)"), timing);
+    m_centreChannel->setToolTip(tr("The timeline's waveform and speech come from the channel films keep "
+                                   "their dialogue on."));
+    timingForm->addRow(m_centreChannel);
     layout->addWidget(timing);
 
     auto *program = new QGroupBox(tr("Saving and Playing"), this);
@@ -165,6 +177,16 @@ PreferencesWindow::PreferencesWindow(QWidget *parent)
     storeOnChange(m_tapDelay, TapDelayKey);
     storeOnChange(m_readingSpeed, CTPreferenceController::MaxCharactersPerSecondKey);
     storeOnChange(m_autosave, CTPreferenceController::AutosaveIntervalKey);
+    storeOnChange(m_snapWindow, SpeechSnapper::WindowKey);
+    auto storeOnToggle = [this](QCheckBox *box, const QString &key) {
+        connect(box, &QCheckBox::toggled, this, [this, key](bool on) {
+            if (!m_showing)
+                store(key, on);
+        });
+    };
+    storeOnToggle(m_snapToSpeech, SpeechSnapper::EnabledKey);
+    storeOnToggle(m_centreChannel, CTPreferenceController::TimelineCentreChannelKey);
+    connect(m_snapToSpeech, &QCheckBox::toggled, m_snapWindow, &QWidget::setEnabled);
     connect(m_player, &QComboBox::activated, this,
             [this] { store(CTPreferenceController::PreferredPlayerKey, m_player->currentData().toInt()); });
 
@@ -203,6 +225,10 @@ void PreferencesWindow::showSettings()
     m_readingSpeed->setValue(settings.doubleValue(CTPreferenceController::MaxCharactersPerSecondKey));
     m_autosave->setValue(int(settings.integerValue(CTPreferenceController::AutosaveIntervalKey)));
     m_player->setCurrentIndex(settings.integerValue(CTPreferenceController::PreferredPlayerKey) == 2 ? 1 : 0);
+    m_snapToSpeech->setChecked(settings.boolValue(SpeechSnapper::EnabledKey));
+    m_snapWindow->setValue(settings.doubleValue(SpeechSnapper::WindowKey));
+    m_snapWindow->setEnabled(m_snapToSpeech->isChecked());
+    m_centreChannel->setChecked(settings.boolValue(CTPreferenceController::TimelineCentreChannelKey));
     m_showing = false;
 }
 

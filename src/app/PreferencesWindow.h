@@ -15,10 +15,11 @@ class VHEncodingPopupButton;
 class VHLanguagePopUpButton;
 
 // The Preferences window: the encodings for reading and exporting, the interface language,
-// the Tap2Sync times, the reading-speed limit, the autosave interval and which player tries
-// a movie first. Every control writes its setting as soon as it changes and follows the
-// setting when something else changes it; nothing waits for a button or a restart, except
-// the interface language, which the program applies when it starts.
+// the Tap2Sync times, the reading-speed limit, snapping to speech and the timeline's sound,
+// the autosave interval and which player tries a movie first. Every control writes its
+// setting as soon as it changes and follows the setting when something else changes it;
+// nothing waits for a button or a restart, except the interface language, which the program
+// applies when it starts.
 class PreferencesWindow final : public QDialog
 {
     Q_DECLARE_TR_FUNCTIONS(PreferencesWindow)
@@ -39,6 +40,9 @@ public:
     QDoubleSpinBox *readingSpeedField() const { return m_readingSpeed; }
     QSpinBox *autosaveField() const { return m_autosave; }
     QComboBox *playerButton() const { return m_player; }
+    QCheckBox *snapToSpeechBox() const { return m_snapToSpeech; }
+    QDoubleSpinBox *snapWindowField() const { return m_snapWindow; }
+    QCheckBox *centreChannelBox() const { return m_centreChannel; }
 
     // The language pop-up's action: stores the chosen identifier as "Locale".
     void changeLanguagePreference();
@@ -57,6 +61,9 @@ private:
     QDoubleSpinBox *m_readingSpeed = nullptr;
     QSpinBox *m_autosave = nullptr;
     QComboBox *m_player = nullptr;
+    QCheckBox *m_snapToSpeech = nullptr;
+    QDoubleSpinBox *m_snapWindow = nullptr;
+    QCheckBox *m_centreChannel = nullptr;
     bool m_showing = false;
     Observable::KeyToken m_settingsToken;
 };

@@ -5,6 +5,8 @@
 #include "Log.h"
 #include "MoviePlaceholder.h"
 #include "PlaybackMenu.h"
+#include "SpeechSnapper.h"
+#include "TimelineView.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QApplication>
@@ -80,8 +82,11 @@ ProjectWindow::ProjectWindow(QWidget *parent)
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({640, 560});
-    setCentralWidget(splitter);
+    auto *vertical = new QSplitter(Qt::Vertical, this);
+    vertical->addWidget(splitter);
+    setCentralWidget(vertical);
     buildMenus();
+    setUpTimeline(vertical);
     observeProject();
     m_project->setCommandHandler([this](const QString &command) {
         if (m_commandHandler)
@@ -110,6 +115,9 @@ ProjectWindow::~ProjectWindow()
     // The model follows the project's rows: it goes while the project is still there.
     delete m_model;
     m_model = nullptr;
+    m_project->setFixTimeAdjustment({});
+    delete m_timeline;
+    m_timeline = nullptr;
     // Players stop reporting before the project goes; the project before the players.
     for (const auto &controller : m_controllers)
         controller->setDelegate(nullptr);

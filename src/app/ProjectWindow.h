@@ -29,8 +29,11 @@ class QMenu;
 class QPlainTextEdit;
 class QPushButton;
 class QSlider;
+class QSplitter;
 class QTableView;
 class QToolButton;
+class SpeechSnapper;
+class TimelineView;
 
 // The project window: the movie area with its control bar, the language pop-up, the cue
 // table, the editor fields of the current line, the fix control, search and replace, and
@@ -129,6 +132,10 @@ public:
     PlaybackMenu *playbackMenu() const { return m_playbackMenu; }
     MoviePlaceholder *movieArea() const { return m_movieArea; }
     QSlider *scrubber() const { return m_scrubber; }
+    // The timeline strip under the movie and the editor, and what its fixes snap to.
+    TimelineView *timeline() const { return m_timeline; }
+    SpeechSnapper &speechSnapper() const { return *m_snapper; }
+    QAction *showTimelineAction() const { return m_showTimeline; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
     double fixBackgroundDuration() const { return m_fixBackgroundDuration; }
 
@@ -185,6 +192,8 @@ private:
     void fixButtonClicked();
     QDialog *makeSheetDialog(const Sheet &sheet);
     void releaseController(PlaybackControl *controller);
+    // The timeline strip, its View menu and its place in the window (ProjectWindowTimeline.cpp).
+    void setUpTimeline(QSplitter *splitter);
 
     std::unique_ptr<CTWindowController> m_project;
     QTimer *m_autosaveTimer = nullptr;
@@ -229,4 +238,7 @@ private:
     CTFixButton *m_fixButton = nullptr;
     QLabel *m_rangeLabel = nullptr;
     QToolButton *m_caseSensitiveButton = nullptr;
+    std::unique_ptr<SpeechSnapper> m_snapper;
+    TimelineView *m_timeline = nullptr;
+    QAction *m_showTimeline = nullptr;
 };

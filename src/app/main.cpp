@@ -10,6 +10,7 @@
 #include "ProjectWindow.h"
 #include "RecoveryStore.h"
 #include "Settings.h"
+#include "TimelineAudio.h"
 #include "WebSearchWiring.h"
 #include "WindowPrompter.h"
 
@@ -60,6 +61,7 @@ int main(int argc, char **argv)
     CTAppDelegate delegate(window, progress);
     connectPlayers(window, &progress);
     connectWebSearch(window);
+    TimelineAudio timelineAudio(window);
     window.show();
     if (!delegate.applicationDidFinishLaunching())
         return 0;

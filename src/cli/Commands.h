@@ -16,3 +16,4 @@ int runDetectEncoding(const QStringList &args);
 int runTracks(const QStringList &args);
 int runEmbed(const QStringList &args);
 int runExtract(const QStringList &args);
+int runSpeech(const QStringList &args);

@@ -30,6 +30,10 @@ int runExtractHere(const QStringList &args)
 {
     return runExtract(args);
 }
+int runSpeechHere(const QStringList &args)
+{
+    return runSpeech(args);
+}
 #else
 char **s_argv = nullptr;
 
@@ -60,6 +64,7 @@ int runInMediaHelper(const QStringList &)
 const auto runTracksHere = runInMediaHelper;
 const auto runEmbedHere = runInMediaHelper;
 const auto runExtractHere = runInMediaHelper;
+const auto runSpeechHere = runInMediaHelper;
 #endif
 
 struct Command
@@ -87,6 +92,7 @@ const Command kCommands[] = {
     {"embed", "embed MOVIE        Embed subtitle and chapter files into '<name>-Output.m4v'.", runEmbedHere},
     {"extract", "extract MOVIE      Write the movie's subtitle (and chapter) tracks into files.",
      runExtractHere},
+    {"speech", "speech MOVIE       Print where the movie's sound has speech.", runSpeechHere},
 };
 
 void printUsage(FILE *to)

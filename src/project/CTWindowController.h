@@ -122,6 +122,14 @@ public:
     void fixSingleSubtitleStart() { m_fix->fixSingle(); }
     void toggleTap2Sync() { m_fix->toggleTap2Sync(); }
     void fixButtonGotEscape() { m_fix->leaveTap2Sync(); }
+    // The time the fix commands set the current cue's start to: the playing time, passed
+    // through the adjustment when one is set (the window snaps it to speech). In Tap2Sync the
+    // adjustment is asked about the time less the reaction delay, where the cue will land.
+    void setFixTimeAdjustment(std::function<double(double)> adjust)
+    {
+        m_fix->setTimeAdjustment(std::move(adjust));
+    }
+    double fixTime() const { return m_fix->fixTime(); }
     void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
     // The playback controller's report that playback started or stopped.
     void movieChangedPlaying(bool playing);

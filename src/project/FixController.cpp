@@ -241,7 +241,7 @@ void FixController::fix()
     CTWindowController::EditScope edit(
         p, tapping ? CTWindowController::editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Tap2Sync"))
                    : CTWindowController::editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix")));
-    p.setStart(p.movieController()->currentTime());
+    p.setStart(fixTime());
     if (!tapping)
         return;
     // A tap moves on to the next line whenever there is one, anchor or not, so that a second
@@ -256,6 +256,18 @@ void FixController::fix()
     }
 }
 
+double FixController::fixTime() const
+{
+    const CTWindowController &p = m_project;
+    const double t = p.movieController() ? p.movieController()->currentTime() : p.currentTime();
+    if (!m_timeAdjustment)
+        return t;
+    const double delay = m_mode == FixMode::Tap2Sync ? Preferences::TapDelaySecs.value() : 0.0;
+    const double landing = t - delay;
+    const double adjusted = m_timeAdjustment(landing);
+    return adjusted == landing ? t : adjusted + delay;
+}
+
 void FixController::shift()
 {
     CTWindowController &p = m_project;
@@ -265,7 +277,7 @@ void FixController::shift()
         p, CTWindowController::editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Shift")));
     setMode(FixMode::Shift);
     if (canFix())
-        p.setStart(p.movieController()->currentTime());
+        p.setStart(fixTime());
     updateMode();
 }
 
@@ -278,7 +290,7 @@ void FixController::fixSingle()
         p, CTWindowController::editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Fix Single Line")));
     setMode(FixMode::Single);
     if (canFix())
-        p.setStart(p.movieController()->currentTime());
+        p.setStart(fixTime());
     updateMode();
 }
 

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 class CTWindowController;
@@ -60,6 +61,13 @@ public:
     // Playback reached a time: Tap2Sync ends at the next anchor.
     void timeChanged(double seconds);
 
+    // The time the fix commands set the current cue's start to: the playing time, passed
+    // through the adjustment when one is set (the window snaps it to speech). In Tap2Sync the
+    // adjustment is asked about the time less the reaction delay, where the cue will land; an
+    // adjustment that keeps the time keeps it to the bit.
+    void setTimeAdjustment(std::function<double(double)> adjust) { m_timeAdjustment = std::move(adjust); }
+    double fixTime() const;
+
     // The fix commands: the current line's start goes to the playing time.
     void fix();
     void shift();
@@ -84,4 +92,5 @@ private:
     int m_modifiers = 0;
     Range m_range;
     RangeDisplay m_rangeDisplay;
+    std::function<double(double)> m_timeAdjustment;
 };

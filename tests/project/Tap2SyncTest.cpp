@@ -1,6 +1,7 @@
 // Tap2Sync: re-timing a film by tapping each line as it is heard.
 #include "ProjectFixture.h"
 
+#include <cmath>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -166,6 +167,32 @@ TEST_F(Tap2SyncTest, ATapFixesTheStartLessTheDelayAndMovesOnUntilTheLastCue)
         EXPECT_NEAR(cue(i)->start(), 10 * i + 11.7, 1e-9) << "cue " << i;
     EXPECT_EQ(project->fixMode(), FixMode::Fix);
     EXPECT_FALSE(playing.playing);
+}
+
+TEST_F(Tap2SyncTest, AnAdjustedTapLandsOnTheAdjustedTimeAfterTheDelay)
+{
+    // The adjustment (the window's snapping to speech) is asked where the line would land,
+    // the tap time less the delay, and the line lands where it answers.
+    Settings::shared().setValue(u"TapDelaySecs"_s, 0.3);
+    QList<double> asked;
+    project->setFixTimeAdjustment([&asked](double t) {
+        asked << t;
+        return std::abs(t - 12.0) <= 0.25 ? 12.0 : t;
+    });
+    project->setSelectionIndices({0});
+    playAt(9);
+    project->toggleTap2Sync();
+    playAt(12.2);
+    project->fixSubtitleStart();
+    MainQueue::main().drain();
+    ASSERT_FALSE(asked.isEmpty());
+    EXPECT_NEAR(asked.last(), 11.9, 1e-12);
+    EXPECT_NEAR(cue(0)->start(), 12.0, 1e-12);
+    // Nothing near: the tap is what it was without an adjustment.
+    playAt(22.5);
+    project->fixSubtitleStart();
+    MainQueue::main().drain();
+    EXPECT_NEAR(cue(1)->start(), 22.2, 1e-12);
 }
 
 TEST_F(Tap2SyncTest, TheDelayComesOffAfterTheLimit)

@@ -104,6 +104,38 @@ TEST_F(FixTest, TheRangeIsTheRunOfFreeCuesBetweenTheNearestAnchorsAndOnlyItIsAct
     EXPECT_EQ(activeFlags(), (QList<bool>{false, false, false, false}));
 }
 
+TEST_F(FixTest, EveryFixCommandFixesAtTheAdjustedTime)
+{
+    // The window snaps fixes to speech through this adjustment; here an onset at 33 s.
+    project->setFixTimeAdjustment([](double t) { return std::abs(t - 33.0) <= 0.25 ? 33.0 : t; });
+    select(2);
+    fixAt(33.2);
+    EXPECT_DOUBLE_EQ(cue(2)->start(), 33.0);
+    EXPECT_NEAR(cue(1)->start(), 22.0, 1e-9); // stretched by 33/30 as for a fix at 33 s
+    project->undo();
+    MainQueue::main().drain();
+
+    playAt(32.9);
+    project->shiftSubtitles();
+    MainQueue::main().drain();
+    EXPECT_DOUBLE_EQ(cue(2)->start(), 33.0);
+    EXPECT_DOUBLE_EQ(cue(0)->start(), 13.0);
+    project->undo();
+    MainQueue::main().drain();
+
+    playAt(33.1);
+    project->fixSingleSubtitleStart();
+    MainQueue::main().drain();
+    EXPECT_DOUBLE_EQ(cue(2)->start(), 33.0);
+    EXPECT_DOUBLE_EQ(cue(1)->start(), 20.0);
+    project->undo();
+    MainQueue::main().drain();
+
+    // Far from the onset the time stays as it is.
+    fixAt(35.5);
+    EXPECT_DOUBLE_EQ(cue(2)->start(), 35.5);
+}
+
 TEST_F(FixTest, TheTimeViewAndScrubberShowTheRange)
 {
     select(2, {1, 3});
