@@ -328,8 +328,8 @@ std::pair<TimelineView::Grab, qsizetype> TimelineView::grabAt(QPointF pos) const
 std::optional<TimelineView::PendingFix> TimelineView::pendingFix() const
 {
     const SubtitlePtr &cue = m_project->currentSubtitle();
-    const int mode = m_project->fixMode();
-    if (!cue || mode == CTWindowController::NoFixMode || !m_project->hasMovie())
+    const FixMode mode = m_project->fixMode();
+    if (!cue || mode == FixMode::None || !m_project->hasMovie())
         return std::nullopt;
     // What setStart() does with the time the fix commands pass it.
     const CTWindowController::FixRange &range = m_project->fixRange();
@@ -339,7 +339,7 @@ std::optional<TimelineView::PendingFix> TimelineView::pendingFix() const
     pending.from = cue->start();
     pending.allowed = m_project->canFix() && t >= range.startChange - h && t <= range.endChange + h;
     t = std::max(std::min(t, range.endChange), range.startChange);
-    if (mode == CTWindowController::FixModeTap2Sync)
+    if (mode == FixMode::Tap2Sync)
         t -= Settings::shared().doubleValue(u"TapDelaySecs"_s);
     pending.to = t;
     return pending;
@@ -444,7 +444,7 @@ void TimelineView::paintCues(QPainter &painter)
     const double from = m_scale.viewStart, to = m_scale.viewEnd(width());
 
     // The run the next fix moves, between its anchors.
-    if (m_project->currentSubtitle() && m_project->fixMode() != CTWindowController::NoFixMode) {
+    if (m_project->currentSubtitle() && m_project->fixMode() != FixMode::None) {
         const CTWindowController::FixRange &range = m_project->fixRange();
         const double x0 = std::max(m_scale.xAt(range.startChange), -1.0);
         const double x1 = std::min(m_scale.xAt(std::min(range.endChange, length())), width() + 1.0);
@@ -551,7 +551,7 @@ void TimelineView::mousePressEvent(QMouseEvent *event)
     }
     const auto [grab, index] = grabAt(event->position());
     const SubtitleList &cues = m_project->subtitles();
-    const bool tapping = m_project->fixMode() == CTWindowController::FixModeTap2Sync;
+    const bool tapping = m_project->fixMode() == FixMode::Tap2Sync;
     if ((grab == Grab::StartEdge || grab == Grab::EndEdge) && !tapping && m_project->hasMovie()) {
         m_drag =
             Drag{grab, cues[index], grab == Grab::StartEdge ? cues[index]->start() : cues[index]->end(), {}};
@@ -656,7 +656,7 @@ void TimelineView::finishDrag()
         selectCue(drag.cue);
     if (m_project->currentSubtitle() != drag.cue)
         return; // not listed (a search hides it)
-    if (m_project->fixMode() == CTWindowController::NoFixMode)
+    if (m_project->fixMode() == FixMode::None)
         m_project->updateFixMode();
     PlaybackControl *player = m_project->movieController();
     if (!player)
@@ -664,10 +664,10 @@ void TimelineView::finishDrag()
     player->setCurrentTime(drag.time);
     m_committing = true;
     switch (m_project->fixMode()) {
-    case CTWindowController::FixModeShift:
+    case FixMode::Shift:
         m_project->shiftSubtitles();
         break;
-    case CTWindowController::FixModeSingle:
+    case FixMode::Single:
         m_project->fixSingleSubtitleStart();
         break;
     default:

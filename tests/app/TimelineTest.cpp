@@ -225,7 +225,7 @@ TEST_F(TimelineWindowTest, DraggingAStartEdgeIsAFixInTheCurrentModeAndOneUndoSte
     EXPECT_FALSE(window->project()->canUndo()); // one step
 
     // In Single mode the same drag moves only that line.
-    window->project()->setFixMode(CTWindowController::FixModeSingle);
+    window->project()->setFixMode(FixMode::Single);
     drag(5, 6);
     EXPECT_DOUBLE_EQ(cues()[0]->start(), 1.0);
     EXPECT_DOUBLE_EQ(cues()[1]->start(), 6.0);
@@ -320,7 +320,7 @@ TEST_F(TimelineWindowTest, WithoutSpeechTheFixTimeIsThePlayingTimeToTheBit)
     // In Tap2Sync the snapping is asked about the time less the reaction delay; without an
     // onset the time must come back unchanged, not rounded through the delay.
     Settings::shared().setValue(u"TapDelaySecs"_s, 0.3);
-    window->project()->setFixMode(CTWindowController::FixModeTap2Sync);
+    window->project()->setFixMode(FixMode::Tap2Sync);
     for (double t : {12.345678901, 0.844, 0.971, 0.032, 59.99}) { // 0.844 - 0.3 + 0.3 is not 0.844
         player->time = t;
         EXPECT_EQ(window->project()->fixTime(), t);
