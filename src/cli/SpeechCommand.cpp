@@ -17,10 +17,10 @@ int runSpeech(const QStringList &args)
     parser.addOption(
         {u"track"_s, u"Analyse the N-th audio track (from 1; default: the movie's own choice)."_s, u"N"_s});
     parser.addOption(
-        {u"centre"_s, u"Listen to the centre channel only, where a 5.1 track has its dialogue."_s});
+        {u"centre"_s, u"Listen to the centre channel only, where a 5.1 or 7.1 track has its dialogue."_s});
     parser.addOption({u"no-cache"_s, u"Neither read nor write the cache of analyses."_s});
     parser.addOption(
-        {u"threads"_s, u"Decode N parts of the track at once (default: one per core)."_s, u"N"_s});
+        {u"threads"_s, u"Decode N parts of the track at once (default: one per core, at most 4)."_s, u"N"_s});
     if (int status = parseArguments(parser, args,
                                     u"Prints the stretches of MOVIE's sound where speech was detected, one "
                                     "per line as start and end in seconds."_s,
@@ -31,11 +31,6 @@ int runSpeech(const QStringList &args)
         return usageError(parser, u"speech takes exactly one MOVIE."_s);
     AudioAnalysisRequest request;
     request.moviePath = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
-    // A regular file (a FIFO would block the demuxer), of any size: a film is gigabytes.
-    if (const auto failure = RegularFile::check(request.moviePath, std::numeric_limits<qint64>::max())) {
-        printError(u"Could not read '%1': %2"_s.arg(request.moviePath, failure->reason));
-        return ExitFailure;
-    }
     for (const auto &[name, target, least] :
          {std::tuple{u"track"_s, &request.audioTrack, 1}, std::tuple{u"threads"_s, &request.threads, 1}}) {
         if (!parser.isSet(name))
@@ -45,6 +40,11 @@ int runSpeech(const QStringList &args)
         if (!ok || value < least || value > 64)
             return usageError(parser, u"--%1 takes a whole number from %2 to 64."_s.arg(name).arg(least));
         *target = name == u"track"_s ? value - 1 : value;
+    }
+    // A regular file (a FIFO would block the demuxer), of any size: a film is gigabytes.
+    if (const auto failure = RegularFile::check(request.moviePath, std::numeric_limits<qint64>::max())) {
+        printError(u"Could not read '%1': %2"_s.arg(request.moviePath, failure->reason));
+        return ExitFailure;
     }
     request.centreChannelOnly = parser.isSet(u"centre"_s);
     request.useCache = !parser.isSet(u"no-cache"_s);
