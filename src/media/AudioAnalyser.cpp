@@ -4,6 +4,7 @@
 
 #include "AudioChunkDecoder.h"
 #include "Log.h"
+#include "RegularFile.h"
 #include "SpeechDetection.h"
 
 #include <QElapsedTimer>
@@ -218,6 +219,9 @@ void AudioAnalyser::work()
         return;
     }
 
+    // Only a regular file: the demuxer would wait on a FIFO for ever.
+    if (const auto refused = RegularFile::check(m_request.moviePath, std::numeric_limits<qint64>::max()))
+        return fail(refused->reason);
     QString error;
     LibAv::Input input = LibAv::openInput(m_request.moviePath, &error);
     if (!input)

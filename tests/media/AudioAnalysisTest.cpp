@@ -15,6 +15,8 @@
 
 #include <thread>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -264,6 +266,8 @@ TEST(AudioAnalysisRun, BrokenMissingOrSilentSoundEndsWithOneInfoLineAndNoHang)
     const QString noSound = dir.path(u"picture.mp4"_s);
     ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=2:s=160x120:r=25"_s, u"-c:v"_s, u"mpeg4"_s, noSound});
     const QString silent = makeMovie(dir.path(u"silent.mkv"_s), 5, u"anullsrc=r=48000:cl=stereo"_s);
+    const QString fifo = dir.path(u"fifo.mkv"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     // A movie cut off in the middle of its data.
     const QString whole = makeMovie(dir.path(u"whole.mkv"_s), 8, toneBurst(8));
     QByteArray bytes = dir.read(u"whole.mkv"_s);
@@ -279,6 +283,8 @@ TEST(AudioAnalysisRun, BrokenMissingOrSilentSoundEndsWithOneInfoLineAndNoHang)
         {garbage, AudioAnalysisOutcome::Failed,
          u"Info: The sound of \"%1\" cannot be analysed: Invalid data found when processing input."_s.arg(
              garbage)},
+        {fifo, AudioAnalysisOutcome::Failed,
+         u"Info: The sound of \"%1\" cannot be analysed: it is a FIFO, not a regular file."_s.arg(fifo)},
         {noSound, AudioAnalysisOutcome::Failed,
          u"Info: The sound of \"%1\" cannot be analysed: it has no audio track."_s.arg(noSound)},
         {silent, AudioAnalysisOutcome::Finished,
