@@ -277,8 +277,11 @@ void AudioAnalyser::work()
         for (size_t c = nextChunk++; c < chunks.size() && !m_cancelled; c = nextChunk++) {
             const Chunk &chunk = chunks[c];
             const auto firstBin = qint64(std::llround(chunk.start * AudioAnalysis::binsPerSecond));
+            // The last chunk ends with the track's last bin, however little of it there is.
             const auto endBin =
-                std::min(binCount, qint64(std::llround(chunk.end * AudioAnalysis::binsPerSecond)));
+                chunk.end >= track.duration
+                    ? binCount
+                    : std::min(binCount, qint64(std::llround(chunk.end * AudioAnalysis::binsPerSecond)));
             const qint64 chunkEnd =
                 chunk.end >= track.duration ? std::numeric_limits<qint64>::max() / 2 : endBin * samplesPerBin;
             detector.reset();
