@@ -8,6 +8,8 @@
 # pink noise, the speech in the centre channel.
 # Usage: bench/compare-audio.sh [MINUTES (default 120)] [BUILD_DIR (default build/release, else build/dev)]
 set -euo pipefail
+# Numbers are written and read with a decimal point, whatever the locale.
+export LC_ALL=C
 here="$(cd "$(dirname "$0")" && pwd)"
 minutes="${1:-120}"
 build="${2:-$here/../build/release}"
