@@ -2,9 +2,11 @@
 #include "AudioAnalysis.h"
 #include "CliSupport.h"
 #include "Commands.h"
+#include "FileNames.h"
 #include "RegularFile.h"
 
-#include <QFileInfo>
+#include <climits>
+#include <unistd.h>
 
 #include <limits>
 
@@ -30,7 +32,14 @@ int runSpeech(const QStringList &args)
     if (parser.positionalArguments().size() != 1)
         return usageError(parser, u"speech takes exactly one MOVIE."_s);
     AudioAnalysisRequest request;
-    request.moviePath = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
+    // Made absolute by hand: QFileInfo would turn the bytes of a name that is not UTF-8 into
+    // U+FFFD, and the file could not be opened (FileNames.h).
+    request.moviePath = parser.positionalArguments().first();
+    if (!request.moviePath.startsWith(u'/')) {
+        char folder[PATH_MAX];
+        if (::getcwd(folder, sizeof folder))
+            request.moviePath = decodeFileName(QByteArray(folder)) + u'/' + request.moviePath;
+    }
     for (const auto &[name, target, least] :
          {std::tuple{u"track"_s, &request.audioTrack, 1}, std::tuple{u"threads"_s, &request.threads, 1}}) {
         if (!parser.isSet(name))

@@ -1,6 +1,7 @@
 // The audio analysis: the peaks store and snapping, the smoothing of speech decisions, and
 // whole analyses of real movies made with the ffmpeg command line.
 #include "AudioAnalysis.h"
+#include "FileNames.h"
 #include "Log.h"
 #include "MovieTestSupport.h"
 #include "SpeechDetection.h"
@@ -410,6 +411,22 @@ TEST(AudioAnalysisCacheTest, TheNextOpeningReadsTheCacheUntilTheFileChanges)
     EXPECT_NE(AudioAnalysisCache::cacheFilePath(request), entry);
     AudioAnalyser fifth(request);
     EXPECT_EQ(fifth.run(), AudioAnalysisOutcome::Finished);
+}
+
+TEST(AudioAnalysisCacheTest, AFileWhoseNameIsNotUtf8IsAnalysedAndCached)
+{
+    TempDir dir;
+    const QString made = makeMovie(dir.path(u"plain.mkv"_s), 4, toneBurst(4));
+    const QString name = decodeFileName(QFile::encodeName(dir.path(QString())) + "/caf\xe9.mkv");
+    ASSERT_TRUE(renameFile(made, name));
+    AudioAnalysisRequest request = requestFor(name, dir);
+    AudioAnalyser first(request);
+    EXPECT_EQ(first.run(), AudioAnalysisOutcome::Finished) << first.message().toStdString();
+    EXPECT_GT(peakHeight(*first.analysis(), 250), 90);
+    AudioAnalyser second(request);
+    EXPECT_EQ(second.run(), AudioAnalysisOutcome::FromCache);
+    // QTemporaryDir cannot name it to remove it.
+    EXPECT_TRUE(removeFile(name));
 }
 
 TEST(AudioAnalysisCacheTest, TheFolderFollowsXdgCacheHome)
