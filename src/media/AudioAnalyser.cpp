@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sys/resource.h>
 
 using namespace AudioDecoding;
 
@@ -155,7 +156,13 @@ void AudioAnalyser::start()
 {
     if (m_thread.joinable() || m_outcome != AudioAnalysisOutcome::Running)
         return;
-    m_thread = std::thread([this] { work(); });
+    m_thread = std::thread([this] {
+        // On Linux a nice value belongs to the thread that sets it, and the workers this
+        // thread starts inherit it.
+        if (m_request.lowPriority)
+            ::setpriority(PRIO_PROCESS, 0, 10);
+        work();
+    });
 }
 
 void AudioAnalyser::cancel()

@@ -16,6 +16,7 @@
 
 #include <thread>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -352,6 +353,16 @@ TEST(AudioAnalysisRun, CancellingStopsAtOnceWithoutFinishingOrCaching)
     EXPECT_LT(clock.elapsed(), 2000);
     EXPECT_EQ(analyser->outcome(), AudioAnalysisOutcome::Cancelled);
     EXPECT_FALSE(analyser->analysis()->isComplete());
+    // A low priority is the analysis's threads' own: the caller's stays as it was.
+    AudioAnalysisRequest low = request;
+    low.lowPriority = true;
+    low.useCache = false;
+    std::atomic<int> workerNice{-100};
+    AudioAnalyser niced(low, {[&](qint64, qint64) { workerNice = ::getpriority(PRIO_PROCESS, 0); }, {}, {}});
+    niced.start();
+    niced.wait();
+    EXPECT_EQ(workerNice.load(), 10);
+    EXPECT_EQ(::getpriority(PRIO_PROCESS, 0), 0);
     // Dropping a running analyser cancels it too.
     analyser = std::make_unique<AudioAnalyser>(request);
     analyser->start();
