@@ -43,6 +43,20 @@ int main(int argc, char *argv[])
     std::printf("track: %.0f s, %lld of %lld bins filled, %lld speech segments\n", analysis->duration(),
                 static_cast<long long>(analysis->filledCount()), static_cast<long long>(analysis->binCount()),
                 static_cast<long long>(analysis->speech().size()));
+    // Where bins stayed empty (at most a few ranges), to tell a gap from the track's end.
+    int shown = 0;
+    for (qint64 b = 0; b < analysis->binCount() && shown < 8;) {
+        if (analysis->isFilled(b)) {
+            ++b;
+            continue;
+        }
+        qint64 e = b;
+        while (e < analysis->binCount() && !analysis->isFilled(e))
+            ++e;
+        std::printf("  empty bins %lld to %lld\n", static_cast<long long>(b), static_cast<long long>(e));
+        b = e;
+        ++shown;
+    }
     std::printf("first peaks at %.0f s: %.3f s\n", request.startPosition, double(firstPeaks.load()) / 1e9);
     std::printf("whole analysis: %.2f s\n", whole);
 

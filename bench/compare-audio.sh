@@ -8,6 +8,8 @@
 # pink noise, the speech in the centre channel.
 # Usage: bench/compare-audio.sh [MINUTES (default 120)] [BUILD_DIR (default build/release, else build/dev)]
 set -euo pipefail
+# Numbers are written and read with a decimal point, whatever the locale.
+export LC_ALL=C
 here="$(cd "$(dirname "$0")" && pwd)"
 minutes="${1:-120}"
 build="${2:-$here/../build/release}"
@@ -41,6 +43,8 @@ timed() {
     end=$(date +%s.%N)
     echo "$end - $start" | bc -l
 }
+# Processor seconds (user and system) of one run.
+cpu() { /usr/bin/time -f "%U %S" "$@" 2>&1 >/dev/null | tail -1 | awk '{ print $1 + $2 }'; }
 best() { printf '%s\n' "$@" | sort -g | head -1; }
 
 # Alternating runs, the better of two each, so that both see the same load.
@@ -54,6 +58,10 @@ t_ours=$(best "${ours[@]}")
 printf "ffmpeg to an 8 kHz mono WAV: %.2f s\n" "$t_ffmpeg"
 printf "captora-cli speech (whole analysis): %.2f s\n" "$t_ours"
 printf "ratio: %.2f (goal: at most 0.7)\n" "$(echo "$t_ours / $t_ffmpeg" | bc -l)"
+printf "processor time: ffmpeg %.2f s, captora-cli speech %.2f s (on both cores together)\n" \
+    "$(cpu ffmpeg -nostdin -v error -y -i movie.mp4 -vn -ac 1 -ar 8000 out.wav)" \
+    "$(cpu "$cli" speech --no-cache movie.mp4)"
+echo "load average while measuring: $(cut -d' ' -f1-3 /proc/loadavg) on $(nproc) cores"
 
 # Peak memory: of the whole process, and of the analysis itself, above what the same command
 # takes for a one-minute clip (the program with its FFmpeg, Qt and other libraries loaded).

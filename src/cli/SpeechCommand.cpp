@@ -2,9 +2,11 @@
 #include "AudioAnalysis.h"
 #include "CliSupport.h"
 #include "Commands.h"
+#include "FileNames.h"
 #include "RegularFile.h"
 
-#include <QFileInfo>
+#include <climits>
+#include <unistd.h>
 
 #include <limits>
 
@@ -17,10 +19,10 @@ int runSpeech(const QStringList &args)
     parser.addOption(
         {u"track"_s, u"Analyse the N-th audio track (from 1; default: the movie's own choice)."_s, u"N"_s});
     parser.addOption(
-        {u"centre"_s, u"Listen to the centre channel only, where a 5.1 track has its dialogue."_s});
+        {u"centre"_s, u"Listen to the centre channel only, where a 5.1 or 7.1 track has its dialogue."_s});
     parser.addOption({u"no-cache"_s, u"Neither read nor write the cache of analyses."_s});
     parser.addOption(
-        {u"threads"_s, u"Decode N parts of the track at once (default: one per core)."_s, u"N"_s});
+        {u"threads"_s, u"Decode N parts of the track at once (default: one per core, at most 4)."_s, u"N"_s});
     if (int status = parseArguments(parser, args,
                                     u"Prints the stretches of MOVIE's sound where speech was detected, one "
                                     "per line as start and end in seconds."_s,
@@ -30,11 +32,13 @@ int runSpeech(const QStringList &args)
     if (parser.positionalArguments().size() != 1)
         return usageError(parser, u"speech takes exactly one MOVIE."_s);
     AudioAnalysisRequest request;
-    request.moviePath = QFileInfo(parser.positionalArguments().first()).absoluteFilePath();
-    // A regular file (a FIFO would block the demuxer), of any size: a film is gigabytes.
-    if (const auto failure = RegularFile::check(request.moviePath, std::numeric_limits<qint64>::max())) {
-        printError(u"Could not read '%1': %2"_s.arg(request.moviePath, failure->reason));
-        return ExitFailure;
+    // Made absolute by hand: QFileInfo would turn the bytes of a name that is not UTF-8 into
+    // U+FFFD, and the file could not be opened (FileNames.h).
+    request.moviePath = parser.positionalArguments().first();
+    if (!request.moviePath.startsWith(u'/')) {
+        char folder[PATH_MAX];
+        if (::getcwd(folder, sizeof folder))
+            request.moviePath = decodeFileName(QByteArray(folder)) + u'/' + request.moviePath;
     }
     for (const auto &[name, target, least] :
          {std::tuple{u"track"_s, &request.audioTrack, 1}, std::tuple{u"threads"_s, &request.threads, 1}}) {
@@ -45,6 +49,11 @@ int runSpeech(const QStringList &args)
         if (!ok || value < least || value > 64)
             return usageError(parser, u"--%1 takes a whole number from %2 to 64."_s.arg(name).arg(least));
         *target = name == u"track"_s ? value - 1 : value;
+    }
+    // A regular file (a FIFO would block the demuxer), of any size: a film is gigabytes.
+    if (const auto failure = RegularFile::check(request.moviePath, std::numeric_limits<qint64>::max())) {
+        printError(u"Could not read '%1': %2"_s.arg(request.moviePath, failure->reason));
+        return ExitFailure;
     }
     request.centreChannelOnly = parser.isSet(u"centre"_s);
     request.useCache = !parser.isSet(u"no-cache"_s);

@@ -4,12 +4,14 @@
 
 #include "AudioChunkDecoder.h"
 #include "Log.h"
+#include "RegularFile.h"
 #include "SpeechDetection.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
 #include <cmath>
+#include <sys/resource.h>
 
 using namespace AudioDecoding;
 
@@ -154,7 +156,13 @@ void AudioAnalyser::start()
 {
     if (m_thread.joinable() || m_outcome != AudioAnalysisOutcome::Running)
         return;
-    m_thread = std::thread([this] { work(); });
+    m_thread = std::thread([this] {
+        // On Linux a nice value belongs to the thread that sets it, and the workers this
+        // thread starts inherit it.
+        if (m_request.lowPriority)
+            ::setpriority(PRIO_PROCESS, 0, 10);
+        work();
+    });
 }
 
 void AudioAnalyser::cancel()
@@ -218,6 +226,9 @@ void AudioAnalyser::work()
         return;
     }
 
+    // Only a regular file: the demuxer would wait on a FIFO for ever.
+    if (const auto refused = RegularFile::check(m_request.moviePath, std::numeric_limits<qint64>::max()))
+        return fail(refused->reason);
     QString error;
     LibAv::Input input = LibAv::openInput(m_request.moviePath, &error);
     if (!input)
@@ -273,8 +284,11 @@ void AudioAnalyser::work()
         for (size_t c = nextChunk++; c < chunks.size() && !m_cancelled; c = nextChunk++) {
             const Chunk &chunk = chunks[c];
             const auto firstBin = qint64(std::llround(chunk.start * AudioAnalysis::binsPerSecond));
+            // The last chunk ends with the track's last bin, however little of it there is.
             const auto endBin =
-                std::min(binCount, qint64(std::llround(chunk.end * AudioAnalysis::binsPerSecond)));
+                chunk.end >= track.duration
+                    ? binCount
+                    : std::min(binCount, qint64(std::llround(chunk.end * AudioAnalysis::binsPerSecond)));
             const qint64 chunkEnd =
                 chunk.end >= track.duration ? std::numeric_limits<qint64>::max() / 2 : endBin * samplesPerBin;
             detector.reset();

@@ -118,6 +118,10 @@ struct AudioAnalysisRequest
     // Length of the parts the track is decoded in; 0 for the analyser's own choice. Tests
     // use short parts to check that the parts join exactly.
     double chunkSeconds = 0;
+    // With start(), runs the analysis's threads at a lower priority (nice 10), so that a
+    // window's own threads (drawing, the player) stay quick while the analysis uses what is
+    // left of the cores.
+    bool lowPriority = false;
 };
 
 // Where an analysis ended.

@@ -2,12 +2,17 @@
 #include "AudioAnalysis.h"
 
 #include "AtomicFile.h"
+#include "FileNames.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace AudioAnalysisCache {
 
@@ -52,22 +57,32 @@ QString defaultFolder()
 
 QString fileIdentity(const QString &moviePath)
 {
-    const QFileInfo info(moviePath);
-    if (!info.isFile())
+    // The file's own bytes of name (FileNames.h), and only a regular file: a FIFO would block.
+    const QByteArray name = encodeFileName(moviePath);
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
         return {};
-    QFile file(moviePath);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const qint64 size = file.size();
+    struct stat info;
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(file.read(hashedBytes));
-    if (size > hashedBytes) {
-        if (!file.seek(std::max(hashedBytes, size - hashedBytes)))
-            return {};
-        hash.addData(file.read(hashedBytes));
+    bool ok = ::fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode);
+    if (ok) {
+        const qint64 size = info.st_size;
+        QByteArray block(int(std::min(size, hashedBytes)), Qt::Uninitialized);
+        for (const qint64 offset : {qint64(0), std::max<qint64>(0, size - hashedBytes)}) {
+            ok = ok && ::pread(descriptor, block.data(), size_t(block.size()), off_t(offset)) == block.size();
+            hash.addData(block);
+            if (size <= hashedBytes)
+                break;
+        }
     }
-    const qint64 modified = info.lastModified().toMSecsSinceEpoch();
-    return QStringLiteral("%1-%2-%3").arg(size).arg(modified).arg(QString::fromLatin1(hash.result().toHex()));
+    ::close(descriptor);
+    if (!ok)
+        return {};
+    const qint64 modified = qint64(info.st_mtim.tv_sec) * 1000 + info.st_mtim.tv_nsec / 1'000'000;
+    return QStringLiteral("%1-%2-%3")
+        .arg(qint64(info.st_size))
+        .arg(modified)
+        .arg(QString::fromLatin1(hash.result().toHex()));
 }
 
 QString cacheFilePath(const AudioAnalysisRequest &request)

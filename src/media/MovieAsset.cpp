@@ -1,5 +1,6 @@
 #include "MovieAsset.h"
 
+#include "FileNames.h"
 #include "LibAv.h"
 #include "LocaleNames.h"
 #include "MovieBoxes.h"
@@ -82,7 +83,8 @@ Input openInput(const QString &path, QString *error, bool probeStreams)
 {
     initialize();
     AVFormatContext *context = nullptr;
-    const QByteArray name = QFile::encodeName(path);
+    // The names' own bytes, also where they are not UTF-8 (FileNames.h).
+    const QByteArray name = encodeFileName(path);
     int result = avformat_open_input(&context, name.constData(), nullptr, nullptr);
     if (result < 0) {
         if (error)

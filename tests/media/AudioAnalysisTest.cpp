@@ -1,6 +1,7 @@
 // The audio analysis: the peaks store and snapping, the smoothing of speech decisions, and
 // whole analyses of real movies made with the ffmpeg command line.
 #include "AudioAnalysis.h"
+#include "FileNames.h"
 #include "Log.h"
 #include "MovieTestSupport.h"
 #include "SpeechDetection.h"
@@ -14,6 +15,9 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -264,6 +268,8 @@ TEST(AudioAnalysisRun, BrokenMissingOrSilentSoundEndsWithOneInfoLineAndNoHang)
     const QString noSound = dir.path(u"picture.mp4"_s);
     ffmpeg({u"-f"_s, u"lavfi"_s, u"-i"_s, u"testsrc=d=2:s=160x120:r=25"_s, u"-c:v"_s, u"mpeg4"_s, noSound});
     const QString silent = makeMovie(dir.path(u"silent.mkv"_s), 5, u"anullsrc=r=48000:cl=stereo"_s);
+    const QString fifo = dir.path(u"fifo.mkv"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
     // A movie cut off in the middle of its data.
     const QString whole = makeMovie(dir.path(u"whole.mkv"_s), 8, toneBurst(8));
     QByteArray bytes = dir.read(u"whole.mkv"_s);
@@ -279,6 +285,8 @@ TEST(AudioAnalysisRun, BrokenMissingOrSilentSoundEndsWithOneInfoLineAndNoHang)
         {garbage, AudioAnalysisOutcome::Failed,
          u"Info: The sound of \"%1\" cannot be analysed: Invalid data found when processing input."_s.arg(
              garbage)},
+        {fifo, AudioAnalysisOutcome::Failed,
+         u"Info: The sound of \"%1\" cannot be analysed: it is a FIFO, not a regular file."_s.arg(fifo)},
         {noSound, AudioAnalysisOutcome::Failed,
          u"Info: The sound of \"%1\" cannot be analysed: it has no audio track."_s.arg(noSound)},
         {silent, AudioAnalysisOutcome::Finished,
@@ -345,6 +353,16 @@ TEST(AudioAnalysisRun, CancellingStopsAtOnceWithoutFinishingOrCaching)
     EXPECT_LT(clock.elapsed(), 2000);
     EXPECT_EQ(analyser->outcome(), AudioAnalysisOutcome::Cancelled);
     EXPECT_FALSE(analyser->analysis()->isComplete());
+    // A low priority is the analysis's threads' own: the caller's stays as it was.
+    AudioAnalysisRequest low = request;
+    low.lowPriority = true;
+    low.useCache = false;
+    std::atomic<int> workerNice{-100};
+    AudioAnalyser niced(low, {[&](qint64, qint64) { workerNice = ::getpriority(PRIO_PROCESS, 0); }, {}, {}});
+    niced.start();
+    niced.wait();
+    EXPECT_EQ(workerNice.load(), 10);
+    EXPECT_EQ(::getpriority(PRIO_PROCESS, 0), 0);
     // Dropping a running analyser cancels it too.
     analyser = std::make_unique<AudioAnalyser>(request);
     analyser->start();
@@ -404,6 +422,22 @@ TEST(AudioAnalysisCacheTest, TheNextOpeningReadsTheCacheUntilTheFileChanges)
     EXPECT_NE(AudioAnalysisCache::cacheFilePath(request), entry);
     AudioAnalyser fifth(request);
     EXPECT_EQ(fifth.run(), AudioAnalysisOutcome::Finished);
+}
+
+TEST(AudioAnalysisCacheTest, AFileWhoseNameIsNotUtf8IsAnalysedAndCached)
+{
+    TempDir dir;
+    const QString made = makeMovie(dir.path(u"plain.mkv"_s), 4, toneBurst(4));
+    const QString name = decodeFileName(QFile::encodeName(dir.path(QString())) + "/caf\xe9.mkv");
+    ASSERT_TRUE(renameFile(made, name));
+    AudioAnalysisRequest request = requestFor(name, dir);
+    AudioAnalyser first(request);
+    EXPECT_EQ(first.run(), AudioAnalysisOutcome::Finished) << first.message().toStdString();
+    EXPECT_GT(peakHeight(*first.analysis(), 250), 90);
+    AudioAnalyser second(request);
+    EXPECT_EQ(second.run(), AudioAnalysisOutcome::FromCache);
+    // QTemporaryDir cannot name it to remove it.
+    EXPECT_TRUE(removeFile(name));
 }
 
 TEST(AudioAnalysisCacheTest, TheFolderFollowsXdgCacheHome)

@@ -15,6 +15,8 @@
 # The two sets share nothing: the detector is tuned on "tuning" and measured on "heldout",
 # with other voices, languages and texts.
 set -euo pipefail
+# Numbers are written and read with a decimal point, whatever the locale.
+export LC_ALL=C
 
 out=$1
 set_name=$2
