@@ -1,7 +1,9 @@
 #include "CTFixButton.h"
 
 #include <QFontMetrics>
+#include <QGraphicsDropShadowEffect>
 #include <QKeyEvent>
+#include <QVariantAnimation>
 
 #include <cmath>
 
@@ -11,6 +13,14 @@ CTFixButton::CTFixButton(QWidget *parent)
     : QPushButton(parent)
 {
     m_subtitle = formattedShift(0);
+    // The glow: a round shadow in the text colour, off until Tap2Sync.
+    m_glow = new QGraphicsDropShadowEffect(this);
+    m_glow->setOffset(0, 0);
+    m_glow->setBlurRadius(0);
+    QColor clear = textColor();
+    clear.setAlphaF(0);
+    m_glow->setColor(clear);
+    setGraphicsEffect(m_glow);
     setFixMode(0);
     // As wide as the longest mode name of the interface language, so that holding Shift or
     // Alt changes the text but not the size.
@@ -22,10 +32,58 @@ CTFixButton::CTFixButton(QWidget *parent)
         widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(title));
     }
     setMinimumSize(std::max(72, widest + 24), 52);
-    // Blue text, as the fix control has always shown it.
+    // Blue text, as the fix control has always shown it, on a plate of its own so that the
+    // dial behind it shows only around it.
     setStyleSheet(u"QPushButton { color: rgb(68, 166, 218); font-weight: bold; border-radius: 26px;"
-                  " border: 2px solid rgb(68, 166, 218); padding: 4px; }"
+                  " border: 2px solid rgb(68, 166, 218); padding: 4px; background: palette(base); }"
+                  "QPushButton:pressed { background: palette(midlight); }"
                   "QPushButton:disabled { color: gray; border-color: gray; }"_s);
+}
+
+double CTFixButton::glowOpacity() const
+{
+    return m_glow->color().alphaF();
+}
+
+double CTFixButton::glowRadius() const
+{
+    return m_glow->blurRadius();
+}
+
+bool CTFixButton::isGlowPulsing() const
+{
+    return m_pulse && m_pulse->state() == QAbstractAnimation::Running;
+}
+
+void CTFixButton::setGlowing(bool glowing)
+{
+    if (glowing) {
+        m_glow->setBlurRadius(24);
+        if (!m_pulse) {
+            // From clear to full and back, for as long as the mode lasts.
+            m_pulse = new QVariantAnimation(this);
+            m_pulse->setStartValue(0.0);
+            m_pulse->setKeyValueAt(0.5, 1.0);
+            m_pulse->setEndValue(0.0);
+            m_pulse->setDuration(2 * GlowPulseMs);
+            m_pulse->setLoopCount(-1);
+            QObject::connect(m_pulse, &QVariantAnimation::valueChanged, m_glow,
+                             [this](const QVariant &value) {
+                                 QColor color = textColor();
+                                 color.setAlphaF(value.toDouble());
+                                 m_glow->setColor(color);
+                             });
+        }
+        m_glow->setColor(textColor());
+        m_pulse->start();
+        return;
+    }
+    delete m_pulse;
+    m_pulse = nullptr;
+    QColor clear = textColor();
+    clear.setAlphaF(0);
+    m_glow->setColor(clear);
+    m_glow->setBlurRadius(0);
 }
 
 QString CTFixButton::formattedShift(double seconds)
@@ -45,6 +103,9 @@ void CTFixButton::setFixMode(int mode)
                           : tr("Fix", "fix mode");
     // Only Tap2Sync hands the keyboard to the control.
     setFocusPolicy(mode == 4 ? Qt::StrongFocus : Qt::NoFocus);
+    setGlowing(mode == 4);
+    if (mode != 4 && hasFocus())
+        clearFocus();
     updateText();
 }
 
@@ -78,6 +139,18 @@ void CTFixButton::keyPressEvent(QKeyEvent *event)
     if (m_fixMode == 4 && !event->text().isEmpty())
         return; // other typing does nothing in Tap2Sync
     QPushButton::keyPressEvent(event);
+}
+
+void CTFixButton::focusInEvent(QFocusEvent *event)
+{
+    // Outside Tap2Sync the keyboard stays where it was: the control takes no focus, however
+    // it is offered.
+    if (m_fixMode != 4) {
+        event->ignore();
+        clearFocus();
+        return;
+    }
+    QPushButton::focusInEvent(event);
 }
 
 void CTFixButton::focusOutEvent(QFocusEvent *event)

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QColor>
 #include <QCoreApplication>
 #include <QPushButton>
 
 #include <functional>
+
+class QGraphicsDropShadowEffect;
+class QVariantAnimation;
 
 // The round fix control: names the fix mode ("Fix", "Shift", "Single", "Tap" in Tap2Sync),
 // shows the pending time shift below it, and in Tap2Sync takes the keyboard: space taps,
@@ -26,6 +30,15 @@ public:
 
     // "+0.00s" / "-0.00s".
     static QString formattedShift(double seconds);
+    // The control's blue.
+    static QColor textColor() { return QColor::fromRgbF(0.2667, 0.651, 0.855, 1); }
+
+    // The round glow of Tap2Sync: its opacity (0..1) and radius now, and whether it pulses.
+    double glowOpacity() const;
+    double glowRadius() const;
+    bool isGlowPulsing() const;
+    // One way of the pulse, in milliseconds.
+    static constexpr int GlowPulseMs = 600;
 
     std::function<void()> onTap;         // space in Tap2Sync
     std::function<void()> onEscape;      // Escape
@@ -33,14 +46,18 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void updateText();
+    void setGlowing(bool glowing);
 
     int m_fixMode = -1;
     double m_timeShift = 0;
     double m_lastTimeShift = 0;
     QString m_title;
     QString m_subtitle;
+    QGraphicsDropShadowEffect *m_glow = nullptr;
+    QVariantAnimation *m_pulse = nullptr;
 };

@@ -1,6 +1,7 @@
 // The window's menus and keyboard: commands by name, titled and enabled by the project; the
 // language pop-up; the panels; the frame-step keys and the fix key.
 #include "CTFixButton.h"
+#include "CTTimeView.h"
 #include "ProjectWindow.h"
 #include "VHEncoding.h"
 
@@ -105,6 +106,8 @@ void ProjectWindow::buildMenus()
                QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Return));
     addCommand(timing, tr("Enter \"Tap2Sync\" Mode"), u"toggleTap2Sync:"_s,
                QKeySequence(Qt::CTRL | Qt::Key_T));
+    timing->addSeparator();
+    addCommand(timing, tr("Show Tutorial"), u"showTutorial:"_s);
 
     QMenu *movie = menuBar()->addMenu(tr("&Movie"));
     addCommand(movie, tr("Play"), u"playPause:"_s, QKeySequence(Qt::Key_Space));
@@ -198,6 +201,8 @@ void ProjectWindow::runCommand(const QString &command)
         p.fixSingleSubtitleStart();
     } else if (command == u"toggleTap2Sync:"_s) {
         p.toggleTap2Sync();
+    } else if (command == u"showTutorial:"_s) {
+        showTutorial();
     } else if (command == u"playPause:"_s) {
         if (player)
             player->setPlaying(!player->isPlaying());
@@ -300,13 +305,21 @@ bool ProjectWindow::eventFilter(QObject *watched, QEvent *event)
     if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && isActiveWindow()) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Shift || key->key() == Qt::Key_Alt) {
-            const Qt::KeyboardModifiers modifiers = key->modifiers();
+            // Platforms differ in whether a modifier key's own event counts it as held: the
+            // key itself says, pressed or let go.
+            Qt::KeyboardModifiers modifiers = key->modifiers();
+            const Qt::KeyboardModifier own =
+                key->key() == Qt::Key_Shift ? Qt::ShiftModifier : Qt::AltModifier;
+            modifiers.setFlag(own, event->type() == QEvent::KeyPress);
             m_project->setModifierKeys(
                 (modifiers & Qt::ShiftModifier ? CTWindowController::ShiftModifier : 0) |
                 (modifiers & Qt::AltModifier ? CTWindowController::OptionModifier : 0));
             m_project->updateFixMode();
         }
     }
+    // The range's times follow the scrubber's width.
+    if (watched == m_timeView && event->type() == QEvent::Resize)
+        placeTimeView();
     return QMainWindow::eventFilter(watched, event);
 }
 

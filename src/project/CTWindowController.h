@@ -111,8 +111,12 @@ public:
     // Modifier keys held now, as the window reports them.
     enum Modifier { NoModifier = 0, ShiftModifier = 1, OptionModifier = 2 };
     void setModifierKeys(int modifiers) { m_modifiers = modifiers; }
-    // Chooses the mode from the modifier keys: no cue 0, Shift 2, Option 3, else 1.
+    // Chooses the mode from the modifier keys: no cue 0, Shift 2, Option 3, else the default.
     void updateFixMode();
+    // The mode the user picked on the fix control (1, 2 or 3; 0 for none): it becomes the
+    // default mode for subtitles, and the mode now unless Tap2Sync runs.
+    int chosenFixMode() const { return m_chosenFixMode; }
+    void setChosenFixMode(int mode);
     void fixSubtitleStart();
     void shiftSubtitles();
     void fixSingleSubtitleStart();
@@ -127,7 +131,8 @@ public:
     bool allowArrows() const { return m_allowArrows; }
     // Re-times cues a..b: t → (t − origin) × factor + shift + origin for start and end.
     void stretch(qsizetype first, qsizetype last, double factor, double origin, double shift);
-    int defaultFixMode() const { return m_isChaptermark ? 3 : 1; }
+    // Single for chapter marks; for subtitles the mode chosen on the fix control, else Fix.
+    int defaultFixMode() const { return m_isChaptermark ? 3 : (m_chosenFixMode ? m_chosenFixMode : 1); }
     double timeShift() const;
 
     // The run of cues that moves with the current cue (first..last) and the earliest and
@@ -472,6 +477,7 @@ private:
     bool m_noAdjust = false;
     bool m_willTerminate = false;
     int m_modifiers = NoModifier;
+    int m_chosenFixMode = 0;
     std::function<bool()> m_willAutoEmbed;
     PlaybackControlFactory m_controllerFactory;
     std::function<void(bool, bool)> m_extractionHook;

@@ -176,6 +176,13 @@ void CTWindowController::updateFixMode()
         setFixMode(defaultFixMode());
 }
 
+void CTWindowController::setChosenFixMode(int mode)
+{
+    m_chosenFixMode = mode >= 1 && mode <= 3 ? mode : 0;
+    if (m_fixMode != 4)
+        setFixMode(defaultFixMode());
+}
+
 void CTWindowController::toggleTap2Sync()
 {
     if (m_fixMode == 4) {
