@@ -10,9 +10,7 @@
 class WindowPrompter final : public Prompter
 {
 public:
-    explicit WindowPrompter(QWidget *window = nullptr)
-        : m_window(window)
-    {}
+    explicit WindowPrompter(QWidget *window = nullptr) : m_window(window) {}
     void setWindow(QWidget *window) { m_window = window; }
     PromptAnswer ask(const Prompt &prompt) override;
 
