@@ -37,6 +37,9 @@ FixPanel::FixPanel(QWidget *parent)
     layout->addWidget(m_background);
 
     m_preview = new CTFixPreview(this);
+    // Larger than its natural size, as high as the control's plate, so that a run of lines
+    // can be told apart.
+    m_preview->setFixedSize(64, m_background->height());
     m_preview->setToolTip(tr("Left: the lines between the fixed lines as they are, the current one in "
                              "yellow. Right: where the fix puts them, the current one in red. Red all "
                              "over: outside the fixed lines, nothing would move."));
@@ -114,11 +117,12 @@ QString FixPanel::describe(int mode, qsizetype lines, double shift, bool allowed
     else if (mode == 3 || lines <= 1) // so the counts below are always 2 or more
         what = tr("Only this line moves, by %1.").arg(CTFixButton::formattedShift(shift));
     else if (mode == 2)
-        what =
-            tr("%n lines move by %1 together.", nullptr, int(lines)).arg(CTFixButton::formattedShift(shift));
+        what = tr("%n lines, up to the nearest fixed lines, move by %1 together.", nullptr, int(lines))
+                   .arg(CTFixButton::formattedShift(shift));
     else
-        what = tr("This line moves by %1; %n lines between the fixed lines stretch with it.", nullptr,
-                  int(lines))
+        what = tr("This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n "
+                  "in all).",
+                  nullptr, int(lines))
                    .arg(CTFixButton::formattedShift(shift));
     return pending && mode != 4 ? tr("Typed start, applied with Return: %1").arg(what) : what;
 }

@@ -41,7 +41,9 @@ TutorialOverlay::TutorialOverlay(QWidget *area, const QKeySequence &fixKey, cons
          tr("The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip "
             "beside the fix button shows where they will go before you press it.")},
         {tr("Tap2Sync for a whole film."),
-         tr("Timing › Tap2Sync (%1): watch the film and press space each time a line is spoken.").arg(tap)},
+         tr("Timing › Enter \"Tap2Sync\" Mode (%1): watch the film and press space each time a line is "
+            "spoken.")
+             .arg(tap)},
     };
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(10);

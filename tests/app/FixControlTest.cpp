@@ -343,9 +343,11 @@ TEST(FixButton, TakesTheFocusOnlyInTap2SyncWhereItGlows)
 TEST(FixPanel, DescribesWhatTheNextFixDoes)
 {
     EXPECT_EQ(FixPanel::describe(0, 5, 1, true, false), u"Select a line to fix its start."_s);
-    EXPECT_EQ(FixPanel::describe(1, 5, 1.25, true, false),
-              u"This line moves by +1.25s; 5 lines between the fixed lines stretch with it."_s);
-    EXPECT_EQ(FixPanel::describe(2, 3, -0.5, true, false), u"3 lines move by -0.50s together."_s);
+    EXPECT_EQ(
+        FixPanel::describe(1, 5, 1.25, true, false),
+        u"This line moves by +1.25s; the lines up to the nearest fixed lines stretch with it (5 in all)."_s);
+    EXPECT_EQ(FixPanel::describe(2, 3, -0.5, true, false),
+              u"3 lines, up to the nearest fixed lines, move by -0.50s together."_s);
     EXPECT_EQ(FixPanel::describe(3, 1, 2, true, false), u"Only this line moves, by +2.00s."_s);
     EXPECT_EQ(FixPanel::describe(1, 1, 2, true, false), u"Only this line moves, by +2.00s."_s);
     EXPECT_EQ(FixPanel::describe(2, 3, 9, false, false),

@@ -204,3 +204,33 @@ TEST_F(Tap2SyncTest, EscapeFocusLossStoppedPlaybackAndTheNextAnchorEndTheMode)
         EXPECT_FALSE(playing.playing);
     }
 }
+
+TEST_F(Tap2SyncTest, TheModeChosenOnTheControlIsWhereModifiersEscapeAndTap2SyncReturnTo)
+{
+    project->setSelectionIndices({1});
+    project->setChosenFixMode(2);
+    EXPECT_EQ(project->fixMode(), 2);
+    EXPECT_EQ(project->defaultFixMode(), 2);
+    project->setModifierKeys(CTWindowController::OptionModifier);
+    project->updateFixMode();
+    EXPECT_EQ(project->fixMode(), 3);
+    project->setModifierKeys(CTWindowController::NoModifier);
+    project->updateFixMode();
+    EXPECT_EQ(project->fixMode(), 2);
+
+    // A fix in the chosen mode moves the run together and leaves the mode as it was.
+    playAt(21);
+    project->fixSubtitleStart();
+    EXPECT_DOUBLE_EQ(cue(0)->start(), 11);
+    EXPECT_DOUBLE_EQ(cue(3)->start(), 41);
+    EXPECT_EQ(project->fixMode(), 2);
+
+    project->toggleTap2Sync();
+    ASSERT_EQ(project->fixMode(), 4);
+    project->setChosenFixMode(3); // not while tapping
+    EXPECT_EQ(project->fixMode(), 4);
+    project->fixButtonGotEscape();
+    EXPECT_EQ(project->fixMode(), 3);
+    project->setChosenFixMode(0); // back to the default of the file
+    EXPECT_EQ(project->fixMode(), 1);
+}
