@@ -62,6 +62,8 @@ FixPanel::FixPanel(QWidget *parent)
         button->setCheckable(true);
         button->setFocusPolicy(Qt::NoFocus);
         button->setAutoRaise(false);
+        // The chosen mode in the control's blue, so that it reads at a glance.
+        button->setStyleSheet(u"QToolButton:checked { color: rgb(68, 166, 218); font-weight: bold; }"_s);
         m_modes->addButton(button, mode);
         chooser->addWidget(button);
         QObject::connect(button, &QToolButton::clicked, this, [this, mode] {
