@@ -610,6 +610,82 @@
     </message>
 </context>
 <context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Die anstehende Verschiebung der aktuellen Zeile; der Ring ist bei einem Zehntel der Filmlänge ganz gefüllt</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Links: die Zeilen zwischen den fixierten Zeilen, wie sie sind, die aktuelle gelb. Rechts: wohin die Korrektur sie setzt, die aktuelle rot. Ganz rot: außerhalb der fixierten Zeilen, nichts würde sich bewegen.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fixieren: die Zeilen zwischen den nächsten fixierten Zeilen werden gedehnt und folgen der aktuellen</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Verschieben: die Zeilen zwischen den nächsten fixierten Zeilen rücken um denselben Betrag (Umschalttaste halten)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Einzeln: nur die aktuelle Zeile bewegt sich (Alt halten)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Einzeln</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fixieren</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Wählen Sie eine Zeile, um ihren Anfang zu korrigieren.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Drücken Sie die Leertaste, sobald Sie die Zeile hören; Esc beendet.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Außerhalb der fixierten Zeilen um sie herum: nichts würde sich bewegen.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Nur diese Zeile bewegt sich, um %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n Zeile bis zu den nächsten fixierten Zeilen rückt um %1.</numerusform>
+            <numerusform>%n Zeilen bis zu den nächsten fixierten Zeilen rücken gemeinsam um %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Diese Zeile rückt um %1; die Zeilen bis zu den nächsten fixierten Zeilen werden mitgedehnt (%n insgesamt).</numerusform>
+            <numerusform>Diese Zeile rückt um %1; die Zeilen bis zu den nächsten fixierten Zeilen werden mitgedehnt (%n insgesamt).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Typed start, applied with Return: %1</source>
+        <translation>Eingegebener Anfang, mit der Eingabetaste übernommen: %1</translation>
+    </message>
+</context>
+<context>
     <name>FolderPermissions</name>
     <message>
         <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
@@ -1058,6 +1134,10 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Einführung zeigen</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1125,6 +1205,45 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Drei Dinge, die Sie wissen sollten</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Klicken Sie eine Zeile an, um dorthin zu springen.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Der Film springt an den Anfang der Zeile. Alt-Klick wählt sie aus, ohne den Film zu bewegen.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Drücken Sie die Korrekturtaste (%1), wenn Sie sie hören.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>Die Zeile beginnt in diesem Moment, und die Zeilen bis zu den nächsten fixierten Zeilen folgen. Der Streifen neben dem Korrekturknopf zeigt vorher, wohin sie rücken.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync für einen ganzen Film.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Timing › Modus „Tap2Sync“ starten (%1): Schauen Sie den Film und drücken Sie die Leertaste, sobald eine Zeile gesprochen wird.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Verstanden</translation>
     </message>
 </context>
 <context>

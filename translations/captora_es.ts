@@ -610,6 +610,82 @@
     </message>
 </context>
 <context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>El desplazamiento pendiente de la línea actual; el anillo se llena con un décimo de la película</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Izquierda: las líneas entre las líneas fijadas tal como están, la actual en amarillo. Derecha: dónde las pone la corrección, la actual en rojo. Todo en rojo: fuera de las líneas fijadas, nada se movería.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fijar: las líneas entre las líneas fijadas más cercanas se estiran para seguir a la actual</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Desplazar: las líneas entre las líneas fijadas más cercanas se mueven lo mismo (mantener Mayús)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Sola: solo se mueve la línea actual (mantener Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Desplazar</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Sola</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fijar</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Seleccione una línea para corregir su inicio.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Pulse espacio en cuanto oiga la línea; Esc termina.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Fuera de las líneas fijadas que la rodean: nada se movería.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Solo se mueve esta línea, %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n línea, hasta las líneas fijadas más cercanas, se mueve %1.</numerusform>
+            <numerusform>%n líneas, hasta las líneas fijadas más cercanas, se mueven juntas %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Esta línea se mueve %1; las líneas hasta las líneas fijadas más cercanas se estiran con ella (%n en total).</numerusform>
+            <numerusform>Esta línea se mueve %1; las líneas hasta las líneas fijadas más cercanas se estiran con ella (%n en total).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Typed start, applied with Return: %1</source>
+        <translation>Inicio escrito, se aplica con Intro: %1</translation>
+    </message>
+</context>
+<context>
     <name>FolderPermissions</name>
     <message>
         <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
@@ -1058,6 +1134,10 @@ El reproductor se aplica a la próxima película que abra.</translation>
         <source>Redo</source>
         <translation>Rehacer</translation>
     </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Mostrar la introducción</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1125,6 +1205,45 @@ El reproductor se aplica a la próxima película que abra.</translation>
     <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Tres cosas que saber</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Haga clic en una línea para ir a ella.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>La película salta al inicio de la línea. Alt-clic la selecciona sin mover la película.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Pulse la tecla de corrección (%1) cuando la oiga.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>La línea empieza en ese momento y las líneas hasta las líneas fijadas más cercanas la siguen. La franja junto al botón de corrección muestra adónde irán antes de pulsarlo.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync para una película entera.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Sincronización › Entrar en el modo «Tap2Sync» (%1): vea la película y pulse espacio cada vez que se diga una línea.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>No volver a mostrar</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Entendido</translation>
     </message>
 </context>
 <context>

@@ -610,6 +610,82 @@
     </message>
 </context>
 <context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Le décalage en attente de la ligne actuelle ; l’anneau est plein pour un dixième de la durée du film</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>À gauche : les lignes entre les lignes fixées telles qu’elles sont, l’actuelle en jaune. À droite : là où la correction les place, l’actuelle en rouge. Tout en rouge : hors des lignes fixées, rien ne bougerait.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fixer : les lignes entre les lignes fixées les plus proches s’étirent pour suivre l’actuelle</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Décaler : les lignes entre les lignes fixées les plus proches bougent d’autant (maintenir Maj)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Seule : seule la ligne actuelle bouge (maintenir Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Décaler</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Seule</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fixer</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Choisissez une ligne pour corriger son début.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Appuyez sur Espace dès que vous entendez la ligne ; Échap arrête.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Hors des lignes fixées qui l’entourent : rien ne bougerait.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Seule cette ligne bouge, de %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n ligne, jusqu’aux lignes fixées les plus proches, bouge de %1.</numerusform>
+            <numerusform>%n lignes, jusqu’aux lignes fixées les plus proches, bougent ensemble de %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Cette ligne bouge de %1 ; les lignes jusqu’aux lignes fixées les plus proches s’étirent avec elle (%n en tout).</numerusform>
+            <numerusform>Cette ligne bouge de %1 ; les lignes jusqu’aux lignes fixées les plus proches s’étirent avec elle (%n en tout).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Typed start, applied with Return: %1</source>
+        <translation>Début saisi, appliqué avec Entrée : %1</translation>
+    </message>
+</context>
+<context>
     <name>FolderPermissions</name>
     <message>
         <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
@@ -1058,6 +1134,10 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
         <source>Redo</source>
         <translation>Rétablir</translation>
     </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Afficher la présentation</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1125,6 +1205,45 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Trois choses à savoir</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Cliquez sur une ligne pour y aller.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Le film saute au début de la ligne. Alt-clic la sélectionne sans déplacer le film.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Appuyez sur la touche de correction (%1) quand vous l’entendez.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>La ligne commence à cet instant, et les lignes jusqu’aux lignes fixées les plus proches suivent. La bande à côté du bouton de correction montre où elles iront avant que vous appuyiez.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync pour un film entier.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Synchronisation › Passer en mode « Tap2Sync » (%1) : regardez le film et appuyez sur Espace chaque fois qu’une ligne est dite.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Ne plus afficher</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Compris</translation>
     </message>
 </context>
 <context>

@@ -615,6 +615,84 @@
     </message>
 </context>
 <context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Ожидающий сдвиг текущей строки; кольцо заполняется целиком при сдвиге на десятую часть фильма</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Слева: строки между закреплёнными строками как есть, текущая жёлтым. Справа: куда их поставит исправление, текущая красным. Всё красное: вне закреплённых строк ничего не сдвинется.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Закрепить: строки между ближайшими закреплёнными растягиваются вслед за текущей</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Сдвинуть: строки между ближайшими закреплёнными сдвигаются на ту же величину (удерживать Shift)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Одна: сдвигается только текущая строка (удерживать Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Сдвинуть</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Одна</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Закрепить</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Выберите строку, чтобы исправить её начало.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Нажмите пробел, как только услышите строку; Esc — выход.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>За пределами окружающих закреплённых строк: ничего не сдвинется.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Сдвигается только эта строка, на %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n строка до ближайших закреплённых сдвигается на %1.</numerusform>
+            <numerusform>%n строки до ближайших закреплённых сдвигаются вместе на %1.</numerusform>
+            <numerusform>%n строк до ближайших закреплённых сдвигаются вместе на %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Typed start, applied with Return: %1</source>
+        <translation>Введённое начало, применяется клавишей Enter: %1</translation>
+    </message>
+</context>
+<context>
     <name>FolderPermissions</name>
     <message>
         <source>To work with subtitle files we need your permission to write in to the folder your movie is in.
@@ -1064,6 +1142,10 @@ The player applies to the next movie you open.</source>
         <source>Redo</source>
         <translation>Повторить</translation>
     </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Показать введение</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1133,6 +1215,45 @@ The player applies to the next movie you open.</source>
     <message>
         <source>Cancel</source>
         <translation>Отмена</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Три вещи, которые нужно знать</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Щёлкните строку, чтобы перейти к ней.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Фильм переходит к началу строки. Alt-щелчок выбирает её, не перемещая фильм.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Нажмите клавишу исправления (%1), когда услышите её.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>Строка начинается в этот момент, а строки до ближайших закреплённых следуют за ней. Полоска рядом с кнопкой исправления заранее показывает, куда они сдвинутся.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync для целого фильма.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Тайминг › Включить режим «Tap2Sync» (%1): смотрите фильм и нажимайте пробел каждый раз, когда произносится строка.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Больше не показывать</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Понятно</translation>
     </message>
 </context>
 <context>
