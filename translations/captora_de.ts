@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>Typed start, applied with Return: %1</source>
-        <translation>Eingegebener Anfang, mit der Eingabetaste übernommen: %1</translation>
+        <source>%1 · typed, Return applies</source>
+        <translation>%1 · eingegeben, Eingabetaste übernimmt</translation>
     </message>
 </context>
 <context>

@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>Typed start, applied with Return: %1</source>
-        <translation>Inicio escrito, se aplica con Intro: %1</translation>
+        <source>%1 · typed, Return applies</source>
+        <translation>%1 · escrito, Intro aplica</translation>
     </message>
 </context>
 <context>

@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>Typed start, applied with Return: %1</source>
-        <translation>Début saisi, appliqué avec Entrée : %1</translation>
+        <source>%1 · typed, Return applies</source>
+        <translation>%1 · saisi, Entrée applique</translation>
     </message>
 </context>
 <context>
@@ -1235,7 +1235,7 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     </message>
     <message>
         <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
-        <translation>Synchronisation › Passer en mode « Tap2Sync » (%1) : regardez le film et appuyez sur Espace chaque fois qu’une ligne est dite.</translation>
+        <translation>Synchronisation › Passer en mode «&#xa0;Tap2Sync&#xa0;» (%1) : regardez le film et appuyez sur Espace chaque fois qu’une ligne est dite.</translation>
     </message>
     <message>
         <source>Do not show this again</source>

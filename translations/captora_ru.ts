@@ -688,8 +688,8 @@
         </translation>
     </message>
     <message>
-        <source>Typed start, applied with Return: %1</source>
-        <translation>Введённое начало, применяется клавишей Enter: %1</translation>
+        <source>%1 · typed, Return applies</source>
+        <translation>%1 · введено, Enter применяет</translation>
     </message>
 </context>
 <context>

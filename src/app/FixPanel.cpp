@@ -76,16 +76,21 @@ FixPanel::FixPanel(QWidget *parent)
     QFont bold = m_modeLabel->font();
     bold.setBold(true);
     m_modeLabel->setFont(bold);
-    chooser->addWidget(m_modeLabel);
-    chooser->addStretch(1);
+    // Never wider than the room beside the chooser: the window keeps its width.
+    m_modeLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_modeLabel->setMinimumWidth(m_modeLabel->fontMetrics().horizontalAdvance(modeName(4)) + 4);
+    chooser->addWidget(m_modeLabel, 1);
     side->addLayout(chooser);
     m_detailLabel = new QLabel(this);
     m_detailLabel->setWordWrap(true);
     m_detailLabel->setMinimumWidth(160);
-    m_detailLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    side->addWidget(m_detailLabel);
-    side->addStretch(1);
+    // Whatever it says, the panel keeps its height: room for the chooser and three lines.
+    m_detailLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    m_detailLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    side->addWidget(m_detailLabel, 1);
     layout->addLayout(side, 1);
+    setFixedHeight(std::max(m_background->height(), modeButton(1)->sizeHint().height() + side->spacing() +
+                                                        3 * m_detailLabel->fontMetrics().lineSpacing() + 2));
 }
 
 QToolButton *FixPanel::modeButton(int mode) const
@@ -107,7 +112,7 @@ QString FixPanel::modeName(int mode)
     }
 }
 
-QString FixPanel::describe(int mode, qsizetype lines, double shift, bool allowed, bool pending)
+QString FixPanel::describe(int mode, qsizetype lines, double shift, bool allowed)
 {
     QString what;
     if (mode == 0)
@@ -126,7 +131,7 @@ QString FixPanel::describe(int mode, qsizetype lines, double shift, bool allowed
                   "in all).",
                   nullptr, int(lines))
                    .arg(CTFixButton::formattedShift(shift));
-    return pending && mode != 4 ? tr("Typed start, applied with Return: %1").arg(what) : what;
+    return what;
 }
 
 double FixPanel::newTime(const CTWindowController &project, std::optional<double> pendingStart)
@@ -224,8 +229,11 @@ void FixPanel::showText(const CTWindowController &project, std::optional<double>
     const CTWindowController::FixRange &range = project.fixRange();
     const qsizetype lines = mode == 3 ? 1 : std::max<qsizetype>(range.last - range.first + 1, 1);
     const double shift = cue ? newTime(project, pendingStart) - cue->start() : 0;
-    m_modeLabel->setText(mode == 0 ? QString() : modeName(mode));
-    const QString text = describe(mode, lines, shift, allowed(project, pendingStart), bool(pendingStart));
+    // A typed start says so by the mode's name; the line below keeps its length.
+    m_modeLabel->setText(mode == 0                   ? QString()
+                         : pendingStart && mode != 4 ? tr("%1 · typed, Return applies").arg(modeName(mode))
+                                                     : modeName(mode));
+    const QString text = describe(mode, lines, shift, allowed(project, pendingStart));
     if (m_detailLabel->text() != text)
         m_detailLabel->setText(text);
 }

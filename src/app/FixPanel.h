@@ -42,7 +42,7 @@ public:
     void showTime(const CTWindowController &project, std::optional<double> pendingStart);
 
     // What the next fix does, in a few words.
-    static QString describe(int mode, qsizetype lines, double shift, bool allowed, bool pending);
+    static QString describe(int mode, qsizetype lines, double shift, bool allowed);
     // The mode's name as the control and the chooser show it.
     static QString modeName(int mode);
 

@@ -342,17 +342,16 @@ TEST(FixButton, TakesTheFocusOnlyInTap2SyncWhereItGlows)
 
 TEST(FixPanel, DescribesWhatTheNextFixDoes)
 {
-    EXPECT_EQ(FixPanel::describe(0, 5, 1, true, false), u"Select a line to fix its start."_s);
+    EXPECT_EQ(FixPanel::describe(0, 5, 1, true), u"Select a line to fix its start."_s);
     EXPECT_EQ(
-        FixPanel::describe(1, 5, 1.25, true, false),
+        FixPanel::describe(1, 5, 1.25, true),
         u"This line moves by +1.25s; the lines up to the nearest fixed lines stretch with it (5 in all)."_s);
-    EXPECT_EQ(FixPanel::describe(2, 3, -0.5, true, false),
+    EXPECT_EQ(FixPanel::describe(2, 3, -0.5, true),
               u"3 lines, up to the nearest fixed lines, move by -0.50s together."_s);
-    EXPECT_EQ(FixPanel::describe(3, 1, 2, true, false), u"Only this line moves, by +2.00s."_s);
-    EXPECT_EQ(FixPanel::describe(1, 1, 2, true, false), u"Only this line moves, by +2.00s."_s);
-    EXPECT_EQ(FixPanel::describe(2, 3, 9, false, false),
+    EXPECT_EQ(FixPanel::describe(3, 1, 2, true), u"Only this line moves, by +2.00s."_s);
+    EXPECT_EQ(FixPanel::describe(1, 1, 2, true), u"Only this line moves, by +2.00s."_s);
+    EXPECT_EQ(FixPanel::describe(2, 3, 9, false),
               u"Outside the fixed lines around it: nothing would move."_s);
-    EXPECT_TRUE(FixPanel::describe(3, 1, 2, true, true).startsWith(u"Typed start, applied with Return: "_s));
 }
 
 // --- in the window ------------------------------------------------------------------------------
@@ -470,8 +469,8 @@ TEST_F(FixWindowTest, ATypedStartShowsItsFixBeforeItIsCommitted)
     field->selectAll();
     QTest::keyClicks(field, VHTimeValueTransformer::stringForTime(6));
     EXPECT_DOUBLE_EQ(panel->preview()->newTime(), 6);
-    EXPECT_EQ(panel->modeLabel()->text(), u"Fix"_s);
-    EXPECT_TRUE(panel->detailLabel()->text().startsWith(u"Typed start"_s))
+    EXPECT_EQ(panel->modeLabel()->text(), u"Fix · typed, Return applies"_s);
+    EXPECT_TRUE(panel->detailLabel()->text().startsWith(u"This line moves by +1.00s"_s))
         << panel->detailLabel()->text().toStdString();
     EXPECT_EQ(window->fixButton()->subtitle(), u"+1.00s"_s);
     EXPECT_DOUBLE_EQ(window->project()->subtitles()[1]->start(), 5); // nothing moved yet
@@ -486,7 +485,7 @@ TEST_F(FixWindowTest, ATypedStartShowsItsFixBeforeItIsCommitted)
     EXPECT_NEAR(window->project()->subtitles()[0]->start(), 1.2, 1e-9);
     EXPECT_NEAR(window->project()->subtitles()[2]->start(), 6 + 5 * 14.0 / 15, 1e-9);
     EXPECT_DOUBLE_EQ(panel->preview()->newTime(), 8); // the playing time again
-    EXPECT_FALSE(panel->detailLabel()->text().startsWith(u"Typed start"_s));
+    EXPECT_EQ(panel->modeLabel()->text(), u"Fix"_s);
     // One undo step puts it all back.
     window->runCommand(u"undo:"_s);
     settle();
