@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>%1 · typed, Return applies</source>
-        <translation>%1 · eingegeben, Eingabetaste übernimmt</translation>
+        <source>typed, Return applies</source>
+        <translation>getippt, ↵ übernimmt</translation>
     </message>
 </context>
 <context>

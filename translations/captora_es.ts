@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>%1 · typed, Return applies</source>
-        <translation>%1 · escrito, Intro aplica</translation>
+        <source>typed, Return applies</source>
+        <translation>escrito, Intro aplica</translation>
     </message>
 </context>
 <context>

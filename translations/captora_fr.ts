@@ -681,8 +681,8 @@
         </translation>
     </message>
     <message>
-        <source>%1 · typed, Return applies</source>
-        <translation>%1 · saisi, Entrée applique</translation>
+        <source>typed, Return applies</source>
+        <translation>saisi, Entrée applique</translation>
     </message>
 </context>
 <context>

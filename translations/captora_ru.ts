@@ -688,8 +688,8 @@
         </translation>
     </message>
     <message>
-        <source>%1 · typed, Return applies</source>
-        <translation>%1 · введено, Enter применяет</translation>
+        <source>typed, Return applies</source>
+        <translation>введено: Enter</translation>
     </message>
 </context>
 <context>

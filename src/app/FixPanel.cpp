@@ -229,9 +229,10 @@ void FixPanel::showText(const CTWindowController &project, std::optional<double>
     const CTWindowController::FixRange &range = project.fixRange();
     const qsizetype lines = mode == 3 ? 1 : std::max<qsizetype>(range.last - range.first + 1, 1);
     const double shift = cue ? newTime(project, pendingStart) - cue->start() : 0;
-    // A typed start says so by the mode's name; the line below keeps its length.
+    // A typed start says so where the mode's name was; the chooser and the control still name
+    // the mode, and the line below keeps its length.
     m_modeLabel->setText(mode == 0                   ? QString()
-                         : pendingStart && mode != 4 ? tr("%1 · typed, Return applies").arg(modeName(mode))
+                         : pendingStart && mode != 4 ? tr("typed, Return applies")
                                                      : modeName(mode));
     const QString text = describe(mode, lines, shift, allowed(project, pendingStart));
     if (m_detailLabel->text() != text)
