@@ -682,7 +682,7 @@
     </message>
     <message>
         <source>typed, Return applies</source>
-        <translation>getippt, ↵ übernimmt</translation>
+        <translation>↵ übernimmt</translation>
     </message>
 </context>
 <context>
