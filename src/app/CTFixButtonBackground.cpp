@@ -77,6 +77,12 @@ void CTFixButtonBackground::setShiftField(QLineEdit *field)
         field->setAlignment(Qt::AlignCenter);
         field->setFocusPolicy(Qt::NoFocus);
         field->setAttribute(Qt::WA_TransparentForMouseEvents);
+        // In the dial's blue, as the control writes its shift.
+        QPalette palette = field->palette();
+        QColor blue = dialColor();
+        blue.setAlphaF(1);
+        palette.setColor(QPalette::Text, blue);
+        field->setPalette(palette);
     }
     setTimeShift(m_timeShift);
     placeField();
@@ -89,6 +95,8 @@ void CTFixButtonBackground::setHideView(QWidget *view)
     if (view) {
         view->setParent(this);
         view->setAttribute(Qt::WA_TransparentForMouseEvents);
+        // The control's own plate colour, so that only its shift line seems to change.
+        view->setBackgroundRole(QPalette::Base);
         view->setAutoFillBackground(true);
     }
     placeField();
@@ -97,11 +105,14 @@ void CTFixButtonBackground::setHideView(QWidget *view)
 
 void CTFixButtonBackground::placeField()
 {
-    // Over the lower part of the control, where its rounded shift is.
+    // Over the lower line of the control in its middle, where its rounded shift is, and
+    // inside its round border.
     const int fieldHeight = m_shiftTF ? m_shiftTF->sizeHint().height() : 0;
-    const QRect band(width() / 6, height() - fieldHeight - 8, width() - width() / 3, fieldHeight);
+    const int bandWidth = std::min(width() - 8, 52);
+    const QRect band((width() - bandWidth) / 2, height() / 2, bandWidth,
+                     std::min(fieldHeight, height() / 2 - 8));
     if (m_hideView)
-        m_hideView->setGeometry(band.adjusted(-2, -1, 2, 1));
+        m_hideView->setGeometry(band);
     if (m_shiftTF)
         m_shiftTF->setGeometry(band);
 }
