@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QGraphicsDropShadowEffect>
 #include <QKeyEvent>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QVariantAnimation>
 
 #include <cmath>
@@ -27,9 +29,7 @@ CTFixButton::CTFixButton(QWidget *parent)
     int widest = 0;
     for (const QString &title : {tr("Fix", "fix mode"), tr("Shift", "fix mode"), tr("Single", "fix mode"),
                                  tr("Tap", "fix mode in Tap2Sync")}) {
-        QFont bold = font();
-        bold.setBold(true);
-        widest = std::max(widest, QFontMetrics(bold).horizontalAdvance(title));
+        widest = std::max(widest, QFontMetrics(titleFont()).horizontalAdvance(title));
     }
     setMinimumSize(std::max(72, widest + 24), 52);
     // Blue text, as the fix control has always shown it, on a plate of its own so that the
@@ -38,6 +38,43 @@ CTFixButton::CTFixButton(QWidget *parent)
                   " border: 2px solid rgb(68, 166, 218); padding: 4px; background: palette(base); }"
                   "QPushButton:pressed { background: palette(midlight); }"
                   "QPushButton:disabled { color: gray; border-color: gray; }"_s);
+}
+
+QFont CTFixButton::titleFont() const
+{
+    QFont title = font();
+    title.setBold(true);
+    title.setPointSizeF(title.pointSizeF() * 1.3);
+    return title;
+}
+
+QFont CTFixButton::subtitleFont() const
+{
+    // The shift at 60 % of the mode's name.
+    QFont subtitle = titleFont();
+    subtitle.setPointSizeF(subtitle.pointSizeF() * 0.6);
+    return subtitle;
+}
+
+void CTFixButton::paintEvent(QPaintEvent *)
+{
+    // The plate as the style draws it, then the two lines in their own sizes.
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    painter.drawControl(QStyle::CE_PushButton, option);
+    const QColor color =
+        isEnabled() ? textColor() : palette().color(QPalette::Disabled, QPalette::ButtonText);
+    const QFontMetrics titleMetrics(titleFont()), subtitleMetrics(subtitleFont());
+    const int total = titleMetrics.height() + subtitleMetrics.height();
+    const int top = (height() - total) / 2;
+    painter.setPen(color);
+    painter.setFont(titleFont());
+    painter.drawText(QRect(0, top, width(), titleMetrics.height()), Qt::AlignCenter, m_title);
+    painter.setFont(subtitleFont());
+    painter.drawText(QRect(0, top + titleMetrics.height(), width(), subtitleMetrics.height()),
+                     Qt::AlignCenter, m_subtitle);
 }
 
 double CTFixButton::glowOpacity() const

@@ -30,6 +30,9 @@ public:
 
     // "+0.00s" / "-0.00s".
     static QString formattedShift(double seconds);
+    // The mode's name, and the shift below it at 60 % of its size.
+    QFont titleFont() const;
+    QFont subtitleFont() const;
     // The control's blue.
     static QColor textColor() { return QColor::fromRgbF(0.2667, 0.651, 0.855, 1); }
 
@@ -45,6 +48,7 @@ public:
     std::function<void()> onResignFocus; // the focus left the control
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
