@@ -1,12 +1,17 @@
 #include "ProjectWindow.h"
 
 #include "CTFixButton.h"
+#include "CTFixButtonBackground.h"
+#include "CTTimeView.h"
 #include "CueTableModel.h"
+#include "FixPanel.h"
 #include "Log.h"
 #include "MoviePlaceholder.h"
 #include "PlaybackMenu.h"
 #include "SpeechSnapper.h"
 #include "TimelineView.h"
+#include "Settings.h"
+#include "TutorialOverlay.h"
 #include "VHTimeValueTransformer.h"
 
 #include <QApplication>
@@ -147,6 +152,8 @@ void ProjectWindow::start()
     }
     refreshEditorFields();
     refreshStates();
+    if (Settings::shared().boolValue(u"ShowTutorial"_s))
+        showTutorial();
 }
 
 void ProjectWindow::setRecoveryStore(RecoveryStore *store)
@@ -225,7 +232,17 @@ QWidget *ProjectWindow::buildMovieSide()
             t = std::min(t, *range.scrubberMaximum);
         player->setCurrentTime(t);
     });
-    bar->addWidget(m_scrubber, 1);
+    // Under the scrubber: the earliest and latest start the current line may be fixed to.
+    auto *track = new QVBoxLayout;
+    track->setSpacing(0);
+    track->addWidget(m_scrubber);
+    m_timeView = new CTTimeView(side);
+    m_timeView->setToolTip(tr("The times the current line's start may be fixed between"));
+    QFont small = m_timeView->font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    m_timeView->setFont(small);
+    track->addWidget(m_timeView);
+    bar->addLayout(track, 1);
     m_timeLabel = new QLabel(VHTimeValueTransformer::stringForTime(0), side);
     bar->addWidget(m_timeLabel);
     auto *subtitleToggle = new QToolButton(side);
@@ -335,16 +352,22 @@ QWidget *ProjectWindow::buildEditorSide()
     }
     m_forcedBox = new QCheckBox(tr("Forced"), side);
     fields->addWidget(m_forcedBox);
-    m_fixButton = new CTFixButton(side);
-    fields->addWidget(m_fixButton);
-    // Where the current line may start: the earliest and latest time of its fix range.
-    m_rangeLabel = new QLabel(side);
-    m_rangeLabel->setToolTip(tr("The times the current line's start may be fixed between"));
-    fields->addWidget(m_rangeLabel);
+    fields->addStretch(1);
     layout->addLayout(fields);
+    m_fixPanel = new FixPanel(side);
+    m_fixButton = m_fixPanel->button();
+    m_fixPanel->onChooseMode = [this](int mode) {
+        m_project->setChosenFixMode(FixMode(mode));
+        scheduleRefresh();
+    };
+    layout->addWidget(m_fixPanel);
+    // What a typed start would do shows before it is committed.
+    connect(m_startField, &QLineEdit::textEdited, this, [this] { showFix(); });
     connect(m_startField, &QLineEdit::editingFinished, this, [this] {
         if (!m_updatingFields && m_project->currentSubtitle())
             m_project->setStart(VHTimeValueTransformer::timeForString(m_startField->text()));
+        m_startField->setModified(false);
+        showFix();
     });
     connect(m_durationField, &QLineEdit::editingFinished, this, [this] {
         if (!m_updatingFields && m_project->currentSubtitle())
@@ -393,7 +416,7 @@ void ProjectWindow::projectKeyChanged(const QString &key)
             m_scrubber->setValue(int(std::lround(t * 1000)));
         }
         m_timeLabel->setText(VHTimeValueTransformer::stringForTime(t));
-        m_fixButton->setTimeShift(m_project->timeShift());
+        m_fixPanel->showTime(*m_project, pendingStart());
         return; // many times a second: nothing else follows the time
     }
     if (key == u"selectionIndices"_s)
@@ -402,7 +425,7 @@ void ProjectWindow::projectKeyChanged(const QString &key)
         key == u"forcedState"_s || key == u"currentSubtitle"_s || key == u"selectionIndices"_s)
         refreshEditorFields();
     if (key == u"fixMode"_s)
-        m_fixButton->setFixMode(m_project->fixMode());
+        showFix();
     if (key == u"showReplace"_s)
         m_replaceRow->setVisible(m_project->showReplace());
     if (key == u"searchPredicate"_s && m_searchField->text() != m_project->searchString()) {
@@ -429,20 +452,60 @@ void ProjectWindow::refreshStates()
     m_scrubber->setEnabled(movie);
     for (QPushButton *button : std::as_const(m_stepButtons))
         button->setEnabled(movie && !m_frameSteps.isEmpty());
-    m_fixButton->setFixMode(m_project->fixMode());
-    m_fixButton->setEnabled(m_project->canFix() || m_project->fixMode() == FixMode::Tap2Sync);
-    m_fixButton->setTimeShift(m_project->timeShift());
+    showFix();
     if (m_project->moviePath().isEmpty())
         m_movieArea->setMessage(u"Drop a movie here, or open one with File › Open Movie…\n\n"
                                 "Subtitle files beside the movie are found by its name."_s);
     else if (!m_movieArea->playerView())
         m_movieArea->setMessage(u"“%1” cannot be played here, but the subtitles beside it can be "
                                 "edited."_s.arg(QFileInfo(m_project->moviePath()).fileName()));
-    const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
-    m_rangeLabel->setText(range.startText.isEmpty() && range.endText.isEmpty()
-                              ? QString()
-                              : range.startText + u" … "_s + range.endText);
+    placeTimeView();
     m_model->refreshRows();
+}
+
+std::optional<double> ProjectWindow::pendingStart() const
+{
+    const SubtitlePtr &cue = m_project->currentSubtitle();
+    if (!cue || !m_startField->isModified())
+        return std::nullopt;
+    const double typed = VHTimeValueTransformer::timeForString(m_startField->text());
+    if (!std::isfinite(typed) || std::fabs(typed - cue->start()) < 0.0005)
+        return std::nullopt;
+    return typed;
+}
+
+void ProjectWindow::showFix()
+{
+    m_fixPanel->showFix(*m_project, pendingStart());
+}
+
+void ProjectWindow::placeTimeView()
+{
+    const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
+    m_timeView->setLeftText(range.startText);
+    m_timeView->setRightText(range.endText);
+    // The fractions of the movie at the scrubber's places for those times.
+    const int handle = m_scrubber->style()->pixelMetric(QStyle::PM_SliderLength, nullptr, m_scrubber);
+    const double track = std::max(0, m_scrubber->width() - handle);
+    m_timeView->setLeft(handle / 2.0 + range.startFraction * track);
+    m_timeView->setRight(handle / 2.0 + range.endFraction * track);
+}
+
+void ProjectWindow::setFixBackgroundDuration(double seconds)
+{
+    m_fixBackgroundDuration = seconds;
+    m_fixPanel->background()->setDuration(seconds);
+}
+
+void ProjectWindow::showTutorial()
+{
+    if (m_tutorial)
+        return;
+    const QAction *fix = action(u"fixSubtitleStart:"_s);
+    const QAction *tap = action(u"toggleTap2Sync:"_s);
+    m_tutorial = new TutorialOverlay(m_movieArea, fix ? fix->shortcut() : QKeySequence(),
+                                     tap ? tap->shortcut() : QKeySequence());
+    m_tutorial->show();
 }
 
 void ProjectWindow::refreshEditorFields()

@@ -3,6 +3,7 @@
 #include "CTWindowController.h"
 #include "PlaybackControl.h"
 #include "ProjectView.h"
+#include "TutorialOverlay.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -16,8 +17,10 @@
 class RecoveryStore;
 
 class CTFixButton;
+class CTTimeView;
 class CueItemDelegate;
 class CueTableModel;
+class FixPanel;
 class MoviePlaceholder;
 class PlaybackMenu;
 class QAction;
@@ -126,6 +129,12 @@ public:
     QLineEdit *searchField() const { return m_searchField; }
     QLineEdit *replaceField() const { return m_replaceField; }
     CTFixButton *fixButton() const { return m_fixButton; }
+    FixPanel *fixPanel() const { return m_fixPanel; }
+    CTTimeView *timeView() const { return m_timeView; }
+    // The first-run tutorial while it is shown, else null.
+    TutorialOverlay *tutorial() const { return m_tutorial; }
+    // Lays the tutorial over the movie area (again).
+    void showTutorial();
     QPushButton *playButton() const { return m_playButton; }
     QToolButton *languageButton() const { return m_languageButton; }
     QMenu *audioMenu() const { return m_audioMenu; }
@@ -165,7 +174,7 @@ public:
     void setAudioMenuItems(const QList<AudioTrackItem> &items) override;
     void setScrubberRange(double minimum, double maximum) override;
     void setFrameStepAmounts(const QList<double> &seconds) override;
-    void setFixBackgroundDuration(double seconds) override { m_fixBackgroundDuration = seconds; }
+    void setFixBackgroundDuration(double seconds) override;
     void setArrowKeyEquivalentsEnabled(bool enabled) override;
 
 protected:
@@ -190,6 +199,11 @@ private:
     void stepBy(int which);
     void focusChanged(QWidget *now);
     void fixButtonClicked();
+    // A start typed into the editor field and not committed yet, while it differs from the
+    // line's start.
+    std::optional<double> pendingStart() const;
+    void showFix();
+    void placeTimeView();
     QDialog *makeSheetDialog(const Sheet &sheet);
     void releaseController(PlaybackControl *controller);
     // The timeline strip, its View menu and its place in the window (ProjectWindowTimeline.cpp).
@@ -236,7 +250,9 @@ private:
     QLineEdit *m_replaceField = nullptr;
     QWidget *m_replaceRow = nullptr;
     CTFixButton *m_fixButton = nullptr;
-    QLabel *m_rangeLabel = nullptr;
+    FixPanel *m_fixPanel = nullptr;
+    CTTimeView *m_timeView = nullptr;
+    QPointer<TutorialOverlay> m_tutorial;
     QToolButton *m_caseSensitiveButton = nullptr;
     std::unique_ptr<SpeechSnapper> m_snapper;
     TimelineView *m_timeline = nullptr;

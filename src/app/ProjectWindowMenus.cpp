@@ -2,6 +2,7 @@
 // language pop-up; the panels; the frame-step keys and the fix key.
 #include "CTFixButton.h"
 #include "PlaybackMenu.h"
+#include "CTTimeView.h"
 #include "ProjectWindow.h"
 #include "VHEncoding.h"
 
@@ -220,6 +221,8 @@ const QList<ProjectWindow::Command> &ProjectWindow::commandTable()
          [](W &, P &p) { p.toggleTap2Sync(); },
          false,
          true},
+        {Menu::Timing, u"showTutorial:"_s, QT_TR_NOOP("Show Tutorial"), {}, {}, [](W &w, P &) { w.showTutorial(); },
+         true},
 
         {Menu::Movie,
          u"playPause:"_s,
@@ -396,7 +399,7 @@ void ProjectWindow::setPlayButtonKeyEquivalent(const QString &key)
 
 void ProjectWindow::makeFixControlFirstResponder()
 {
-    m_fixButton->setFixMode(m_project->fixMode());
+    m_fixButton->setFixMode(int(m_project->fixMode()));
     m_fixButton->setEnabled(true); // the taps go here for as long as the mode lasts
     m_fixButton->setFocus(Qt::OtherFocusReason);
 }
@@ -425,13 +428,21 @@ bool ProjectWindow::eventFilter(QObject *watched, QEvent *event)
     if ((event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) && isActiveWindow()) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Shift || key->key() == Qt::Key_Alt) {
-            const Qt::KeyboardModifiers modifiers = key->modifiers();
+            // Platforms differ in whether a modifier key's own event counts it as held: the
+            // key itself says, pressed or let go.
+            Qt::KeyboardModifiers modifiers = key->modifiers();
+            const Qt::KeyboardModifier own =
+                key->key() == Qt::Key_Shift ? Qt::ShiftModifier : Qt::AltModifier;
+            modifiers.setFlag(own, event->type() == QEvent::KeyPress);
             m_project->setModifierKeys(
                 (modifiers & Qt::ShiftModifier ? CTWindowController::ShiftModifier : 0) |
                 (modifiers & Qt::AltModifier ? CTWindowController::OptionModifier : 0));
             m_project->updateFixMode();
         }
     }
+    // The range's times follow the scrubber's width.
+    if (watched == m_timeView && event->type() == QEvent::Resize)
+        placeTimeView();
     return QMainWindow::eventFilter(watched, event);
 }
 

@@ -130,6 +130,10 @@ public:
         m_fix->setTimeAdjustment(std::move(adjust));
     }
     double fixTime() const { return m_fix->fixTime(); }
+    // The mode the user picked on the fix control (Fix, Shift or Single; None for none): it
+    // becomes the default mode for subtitles, and the mode now unless Tap2Sync runs.
+    FixMode chosenFixMode() const { return m_fix->chosenMode(); }
+    void setChosenFixMode(FixMode mode) { m_fix->setChosenMode(mode); }
     void fixButtonDidResignFirstResponder() { fixButtonGotEscape(); }
     // The playback controller's report that playback started or stopped.
     void movieChangedPlaying(bool playing);

@@ -123,7 +123,17 @@ bool FixController::canShift() const
 
 FixMode FixController::defaultMode() const
 {
-    return m_project.isChaptermark() ? FixMode::Single : FixMode::Fix;
+    if (m_project.isChaptermark())
+        return FixMode::Single;
+    return m_chosenMode != FixMode::None ? m_chosenMode : FixMode::Fix;
+}
+
+void FixController::setChosenMode(FixMode mode)
+{
+    const bool choosable = mode == FixMode::Fix || mode == FixMode::Shift || mode == FixMode::Single;
+    m_chosenMode = choosable ? mode : FixMode::None;
+    if (m_mode != FixMode::Tap2Sync)
+        setMode(defaultMode());
 }
 
 void FixController::setMode(FixMode mode)

@@ -44,8 +44,13 @@ public:
 
     FixMode mode() const { return m_mode; }
     void setMode(FixMode mode);
-    // The mode a fix takes with no modifier key held: Single for chapter marks, else Fix.
+    // The mode a fix takes with no modifier key held: Single for chapter marks; for subtitles
+    // the mode chosen on the fix control, else Fix.
     FixMode defaultMode() const;
+    // The mode the user picked on the fix control (Fix, Shift or Single; None for none). It
+    // becomes the mode now unless Tap2Sync runs.
+    FixMode chosenMode() const { return m_chosenMode; }
+    void setChosenMode(FixMode mode);
     // Modifier keys held now (CTWindowController::Modifier bits), as the window reports them.
     int modifiers() const { return m_modifiers; }
     void setModifiers(int modifiers) { m_modifiers = modifiers; }
@@ -90,6 +95,7 @@ private:
     CTWindowController &m_project;
     FixMode m_mode = FixMode::None;
     int m_modifiers = 0;
+    FixMode m_chosenMode = FixMode::None;
     Range m_range;
     RangeDisplay m_rangeDisplay;
     std::function<double(double)> m_timeAdjustment;

@@ -471,7 +471,7 @@ TEST_F(WindowTest, TheFixControlNamesTheModeAndShowsTheShiftInSteps)
     for (const Case &c : {Case{FixMode::None, "Fix", false}, Case{FixMode::Fix, "Fix", false},
                           Case{FixMode::Shift, "Shift", false}, Case{FixMode::Single, "Single", false},
                           Case{FixMode::Tap2Sync, "Tap", true}}) {
-        button.setFixMode(c.mode);
+        button.setFixMode(int(c.mode));
         EXPECT_EQ(button.title(), QString::fromLatin1(c.title));
         EXPECT_EQ(button.focusPolicy() != Qt::NoFocus, c.takesFocus) << int(c.mode);
     }

@@ -231,3 +231,33 @@ TEST_F(Tap2SyncTest, EscapeFocusLossStoppedPlaybackAndTheNextAnchorEndTheMode)
         EXPECT_FALSE(playing.playing);
     }
 }
+
+TEST_F(Tap2SyncTest, TheModeChosenOnTheControlIsWhereModifiersEscapeAndTap2SyncReturnTo)
+{
+    project->setSelectionIndices({1});
+    project->setChosenFixMode(FixMode::Shift);
+    EXPECT_EQ(project->fixMode(), FixMode::Shift);
+    EXPECT_EQ(project->defaultFixMode(), 2);
+    project->setModifierKeys(CTWindowController::OptionModifier);
+    project->updateFixMode();
+    EXPECT_EQ(project->fixMode(), FixMode::Single);
+    project->setModifierKeys(CTWindowController::NoModifier);
+    project->updateFixMode();
+    EXPECT_EQ(project->fixMode(), FixMode::Shift);
+
+    // A fix in the chosen mode moves the run together and leaves the mode as it was.
+    playAt(21);
+    project->fixSubtitleStart();
+    EXPECT_DOUBLE_EQ(cue(0)->start(), 11);
+    EXPECT_DOUBLE_EQ(cue(3)->start(), 41);
+    EXPECT_EQ(project->fixMode(), FixMode::Shift);
+
+    project->toggleTap2Sync();
+    ASSERT_EQ(project->fixMode(), FixMode::Tap2Sync);
+    project->setChosenFixMode(FixMode::Single); // not while tapping
+    EXPECT_EQ(project->fixMode(), FixMode::Tap2Sync);
+    project->fixButtonGotEscape();
+    EXPECT_EQ(project->fixMode(), FixMode::Single);
+    project->setChosenFixMode(FixMode::None); // back to the default of the file
+    EXPECT_EQ(project->fixMode(), FixMode::Fix);
+}
