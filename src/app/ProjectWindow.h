@@ -30,6 +30,7 @@ class QPushButton;
 class QSlider;
 class QTableView;
 class QToolButton;
+class WindowStatusBar;
 
 // The project window: the movie area with its control bar, the language pop-up, the cue
 // table, the editor fields of the current line, the fix control, search and replace, and
@@ -110,6 +111,7 @@ public:
     QMenu *audioMenu() const { return m_audioMenu; }
     MoviePlaceholder *movieArea() const { return m_movieArea; }
     QSlider *scrubber() const { return m_scrubber; }
+    WindowStatusBar *windowStatusBar() const { return m_statusBar; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
     double fixBackgroundDuration() const { return m_fixBackgroundDuration; }
 
@@ -211,4 +213,5 @@ private:
     CTFixButton *m_fixButton = nullptr;
     QLabel *m_rangeLabel = nullptr;
     QToolButton *m_caseSensitiveButton = nullptr;
+    WindowStatusBar *m_statusBar = nullptr;
 };

@@ -408,12 +408,7 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
 
     if (cue) {
         bindEditorFields(cue);
-        if (m_fixMode != 4 && m_player) {
-            // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
-            const bool option = m_modifiers & OptionModifier;
-            if (option == Settings::shared().boolValue(u"SubtitleNoJump"_s))
-                m_player->setCurrentTime(cue->start() + 0.0001);
-        }
+        seekToCurrentSubtitle();
     } else {
         willChangeValueForKey(u"subtitleText"_s);
         m_subtitleText = u""_s;
@@ -424,6 +419,16 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
     }
     updateRangeNotification();
     m_noAdjust = oldNoAdjust;
+}
+
+void CTWindowController::seekToCurrentSubtitle()
+{
+    if (!m_currentSubtitle || m_fixMode == 4 || !m_player)
+        return;
+    // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
+    const bool option = m_modifiers & OptionModifier;
+    if (option == Settings::shared().boolValue(u"SubtitleNoJump"_s))
+        m_player->setCurrentTime(m_currentSubtitle->start() + 0.0001);
 }
 
 void CTWindowController::commitTypedText()
@@ -516,6 +521,15 @@ void CTWindowController::setHasChanged(bool changed)
     didChangeValueForKey(u"hasChanged"_s);
     if (m_view)
         m_view->setDocumentEdited(changed);
+}
+
+void CTWindowController::setFileEncoding(EncodingId encoding)
+{
+    if (encoding == m_fileEncoding)
+        return;
+    willChangeValueForKey(u"fileEncoding"_s);
+    m_fileEncoding = encoding;
+    didChangeValueForKey(u"fileEncoding"_s);
 }
 
 bool CTWindowController::hasMovie() const

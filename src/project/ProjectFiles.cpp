@@ -79,14 +79,16 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
 
     bool loaded = false;
     bool salvaged = false; // a file no reader accepts, read tolerantly: saving makes it clean
+    EncodingId fileEncoding = Encodings::None;
     if (!path.isEmpty() && pathExists(path)) {
         const auto encoding =
             Encodings::canonical(EncodingId(Settings::shared().integerValue(u"Encoding"_s)));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
-            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
-                        : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional,
-                                                             VHSubtitle::Salvage::Ask, &salvaged);
+            chapterMark
+                ? VHVideoText::videoTextsFromFileAtURL(path, m_movieDuration, encoding, optional)
+                : VHSubtitle::subtitlesFromFileAtURL(path, m_fps, m_movieDuration, encoding, optional,
+                                                     VHSubtitle::Salvage::Ask, &salvaged, &fileEncoding);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(defaultFixMode());
         if (!m_subtitles.isEmpty()) {
@@ -114,6 +116,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         }
     }
 
+    setFileEncoding(m_subtitles.isEmpty() ? Encodings::None : fileEncoding);
     setHasChanged((target != path || salvaged) && !path.isEmpty() && !m_subtitles.isEmpty());
     // The undo history of the file: kept from an earlier visit when the file is as it was
     // then saved or loaded.
@@ -138,7 +141,9 @@ void CTWindowController::loadSubtitle()
 {
     if (!m_view)
         return;
-    const QString path = m_view->runOpenPanel({u"srt"_s}, false, QFileInfo(m_basePath).path());
+    // Every kind of file the readers take, not only SubRip.
+    const QString path =
+        m_view->runOpenPanel(CTFileHelper::subtitleExtensions(), false, QFileInfo(m_basePath).path());
     if (!path.isNull())
         setSubtitlePath(path);
 }
@@ -181,6 +186,7 @@ bool CTWindowController::saveSubtitleAt(const QString &path)
         return false;
     removeRecoveryCopy();
     m_editor->markClean();
+    setFileEncoding(Encodings::UTF8); // what saving writes
     setHasChanged(false);
     return true;
 }
@@ -195,6 +201,7 @@ bool CTWindowController::saveChapterMarkAt(const QString &path)
         return false;
     removeRecoveryCopy();
     m_editor->markClean();
+    setFileEncoding(Encodings::UTF8); // what saving writes
     setHasChanged(false);
     return true;
 }
