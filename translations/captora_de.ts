@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Ein Untertitel-Editor, mit dem Sie das Timing von Untertiteln an einem Film ausrichten.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Läuft mit:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Weiterarbeiten</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Ein Untertitel-Editor, mit dem Sie das Timing von Untertiteln an einem Film ausrichten.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -556,6 +567,51 @@
         <source>Start</source>
         <comment>start time of a line</comment>
         <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Anker: Fixieren verschiebt diese Zeile nicht</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Beginnt %1 s, bevor die vorige Zeile endet</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Nur %1 s nach der vorigen Zeile (weniger als zwei Bilder)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Schneller als die Grenze von %1 Zeichen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Anker</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Anker: Zeilen, die Fixieren nicht verschiebt</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Lesegeschwindigkeit in Zeichen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>Z/s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Untertitelzeilen</translation>
     </message>
 </context>
 <context>
@@ -1058,6 +1114,69 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
         <source>Redo</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Fünf Bilder zurück</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Ein Bild zurück</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Ein Bild vor</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Fünf Bilder vor</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Wiedergabeposition</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Wiedergabezeit</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Untertitelsprache</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Keine Zeile geändert</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>In 1 Zeile ersetzt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>In %n Zeile ersetzt</numerusform>
+            <numerusform>In %n Zeilen ersetzt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Beginn der Zeile</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Dauer der Zeile</translation>
+    </message>
+    <message>
+        <source>Fix the line&apos;s start at the playing time</source>
+        <translation>Beginn der Zeile auf die Wiedergabezeit fixieren</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Text der Zeile</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1072,6 +1191,54 @@ Der Player gilt für den nächsten Film, den Sie öffnen.</translation>
     <message>
         <source>Clear Menu</source>
         <translation>Menü leeren</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Ohne Menüeintrag</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Halten für den Modus „Verschieben“ (die Zeilen rücken gleich weit)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Halten für den Modus „Einzeln“ (nur die aktuelle Zeile bewegt sich)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>In Tap2Sync: die aktuelle Zeile fixieren, wenn sie beginnt</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Tap2Sync oder Vollbild verlassen</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Zelle der ausgewählten Zeile bearbeiten</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
     </message>
 </context>
 <context>
@@ -1472,6 +1639,87 @@ Möchten Sie fortfahren?</translation>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: In der Datei wurde kein abspielbares Video oder Audio gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Wiedergabezeit</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Die Wiedergabezeit des Films</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Fixiermodus</translation>
+    </message>
+    <message>
+        <source>How the next fix moves the other lines</source>
+        <translation>Wie das nächste Fixieren die anderen Zeilen verschiebt</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Zeichenkodierung</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>Die Zeichenkodierung, in der die Untertiteldatei gelesen wurde</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Die Anzahl der Zeilen in der Datei</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fixieren: Die Zeilen zwischen den Ankern werden gedehnt</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Verschieben: Die Zeilen zwischen den Ankern rücken gleich weit</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Einzeln: Nur diese Zeile bewegt sich</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: Tippen Sie, wenn jede Zeile beginnt</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Keine Zeile zum Fixieren</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n Zeile</numerusform>
+            <numerusform>%n Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 von 1 Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 von %n Zeile</numerusform>
+            <numerusform>%1 von %n Zeilen</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

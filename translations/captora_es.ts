@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un editor de subtítulos para corregir la sincronización de los subtítulos con una película.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Funciona con:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Seguir trabajando</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un editor de subtítulos para corregir la sincronización de los subtítulos con una película.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Atajos de teclado</translation>
     </message>
 </context>
 <context>
@@ -556,6 +567,51 @@
         <source>Start</source>
         <comment>start time of a line</comment>
         <translation>Inicio</translation>
+    </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Ancla: fijar no mueve esta línea</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Empieza %1 s antes de que termine la línea anterior</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Solo %1 s después de la línea anterior (menos de dos fotogramas)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Más rápido que el límite de %1 caracteres por segundo</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Ancla</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Anclas: líneas que fijar no mueve</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Velocidad de lectura en caracteres por segundo</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>car./s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Líneas de subtítulos</translation>
     </message>
 </context>
 <context>
@@ -1058,6 +1114,69 @@ El reproductor se aplica a la próxima película que abra.</translation>
         <source>Redo</source>
         <translation>Rehacer</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Cinco fotogramas atrás</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Un fotograma atrás</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Un fotograma adelante</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Cinco fotogramas adelante</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Posición de reproducción</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Idioma de los subtítulos</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Ninguna línea cambiada</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Reemplazado en 1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Reemplazado en %n línea</numerusform>
+            <numerusform>Reemplazado en %n líneas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Inicio de la línea</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Duración de la línea</translation>
+    </message>
+    <message>
+        <source>Fix the line&apos;s start at the playing time</source>
+        <translation>Fijar el inicio de la línea en el tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Texto de la línea</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1072,6 +1191,54 @@ El reproductor se aplica a la próxima película que abra.</translation>
     <message>
         <source>Clear Menu</source>
         <translation>Borrar el menú</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> o </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Sin elemento de menú</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Mantener para el modo «Desplazar» (las líneas se mueven lo mismo)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Mantener para el modo «Sola» (solo se mueve la línea actual)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>En Tap2Sync: fijar la línea actual cuando empieza</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Salir de Tap2Sync o de la pantalla completa</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Editar la celda de la línea seleccionada</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Comando</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Tecla</translation>
     </message>
 </context>
 <context>
@@ -1472,6 +1639,87 @@ Do you want to continue?</source>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: no se encontró en el archivo vídeo ni audio que pueda reproducir</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>El tiempo de reproducción de la película</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Modo de fijación</translation>
+    </message>
+    <message>
+        <source>How the next fix moves the other lines</source>
+        <translation>Cómo la próxima fijación mueve las demás líneas</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Codificación</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>La codificación con la que se leyó el archivo de subtítulos</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Líneas</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>El número de líneas del archivo</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fijar: las líneas entre las anclas se estiran</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Desplazar: las líneas entre las anclas se mueven lo mismo</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Sola: solo se mueve esta línea</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: pulse cuando empiece cada línea</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Ninguna línea que fijar</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n línea</numerusform>
+            <numerusform>%n líneas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 de 1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 de %n línea</numerusform>
+            <numerusform>%1 de %n líneas</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un éditeur de sous-titres pour corriger la synchronisation des sous-titres sur un film.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Fonctionne avec :</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Continuer</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un éditeur de sous-titres pour corriger la synchronisation des sous-titres sur un film.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
     </message>
 </context>
 <context>
@@ -556,6 +567,51 @@
         <source>Start</source>
         <comment>start time of a line</comment>
         <translation>Début</translation>
+    </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Ancre : fixer ne déplace pas cette ligne</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Commence %1 s avant la fin de la ligne précédente</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Seulement %1 s après la ligne précédente (moins de deux images)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Plus rapide que la limite de %1 caractères par seconde</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Ancre</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Ancres : lignes que fixer ne déplace pas</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Vitesse de lecture en caractères par seconde</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>car./s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Lignes de sous-titres</translation>
     </message>
 </context>
 <context>
@@ -1058,6 +1114,69 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
         <source>Redo</source>
         <translation>Rétablir</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Lire ou mettre en pause</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Cinq images en arrière</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Une image en arrière</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Une image en avant</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Cinq images en avant</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Position de lecture</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Temps de lecture</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Langue des sous-titres</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Aucune ligne modifiée</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Remplacé dans 1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Remplacé dans %n ligne</numerusform>
+            <numerusform>Remplacé dans %n lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Début de la ligne</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Durée de la ligne</translation>
+    </message>
+    <message>
+        <source>Fix the line&apos;s start at the playing time</source>
+        <translation>Fixer le début de la ligne au temps de lecture</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Texte de la ligne</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1072,6 +1191,54 @@ Le lecteur s’applique au prochain film que vous ouvrez.</translation>
     <message>
         <source>Clear Menu</source>
         <translation>Effacer le menu</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> ou </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Sans élément de menu</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Maintenir pour le mode « Décaler » (les lignes bougent d’autant)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Maintenir pour le mode « Seule » (seule la ligne en cours bouge)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>En Tap2Sync : fixer la ligne en cours quand elle commence</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Quitter Tap2Sync ou le plein écran</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Modifier la cellule de la ligne sélectionnée</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Touche</translation>
     </message>
 </context>
 <context>
@@ -1472,6 +1639,87 @@ Voulez-vous continuer&#xa0;?</translation>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC&#xa0;: aucune vidéo ni aucun son lisible dans le fichier</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Temps de lecture</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Le temps de lecture du film</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Mode de fixation</translation>
+    </message>
+    <message>
+        <source>How the next fix moves the other lines</source>
+        <translation>Comment la prochaine fixation déplace les autres lignes</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Encodage</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>L’encodage dans lequel le fichier de sous-titres a été lu</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Lignes</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Le nombre de lignes du fichier</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fixer : les lignes entre les ancres s’étirent</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Décaler : les lignes entre les ancres bougent d’autant</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Seule : seule cette ligne bouge</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync : tapez au début de chaque ligne</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Aucune ligne à fixer</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n ligne</numerusform>
+            <numerusform>%n lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 sur 1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 sur %n ligne</numerusform>
+            <numerusform>%1 sur %n lignes</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Редактор субтитров для исправления тайминга субтитров по фильму.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Работает с:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Продолжить работу</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Редактор субтитров для исправления тайминга субтитров по фильму.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Сочетания клавиш</translation>
     </message>
 </context>
 <context>
@@ -561,6 +572,51 @@
         <source>Start</source>
         <comment>start time of a line</comment>
         <translation>Начало</translation>
+    </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Якорь: закрепление не сдвигает эту строку</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Начинается за %1 с до конца предыдущей строки</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Всего %1 с после предыдущей строки (меньше двух кадров)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Быстрее предела в %1 символов в секунду</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Якорь</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Якоря: строки, которые закрепление не сдвигает</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Скорость чтения в символах в секунду</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Конец</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>сим./с</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Строки субтитров</translation>
     </message>
 </context>
 <context>
@@ -1064,6 +1120,70 @@ The player applies to the next movie you open.</source>
         <source>Redo</source>
         <translation>Повторить</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Воспроизвести или приостановить</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>На пять кадров назад</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>На кадр назад</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>На кадр вперёд</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>На пять кадров вперёд</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Позиция воспроизведения</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Время воспроизведения</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Язык субтитров</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Ни одна строка не изменена</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Заменено в 1 строке</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Заменено в %n строке</numerusform>
+            <numerusform>Заменено в %n строках</numerusform>
+            <numerusform>Заменено в %n строках</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Начало строки</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Длительность строки</translation>
+    </message>
+    <message>
+        <source>Fix the line&apos;s start at the playing time</source>
+        <translation>Закрепить начало строки на времени воспроизведения</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Текст строки</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1078,6 +1198,54 @@ The player applies to the next movie you open.</source>
     <message>
         <source>Clear Menu</source>
         <translation>Очистить меню</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> или </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Без пункта меню</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Удерживать для режима «Сдвинуть» (строки сдвигаются на столько же)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Удерживать для режима «Одна» (сдвигается только текущая строка)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>В Tap2Sync: закрепить текущую строку, когда она начинается</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Выйти из Tap2Sync или из полноэкранного режима</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Изменить ячейку выбранной строки</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Сочетания клавиш</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Сочетания клавиш</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Команда</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Клавиша</translation>
     </message>
 </context>
 <context>
@@ -1480,6 +1648,89 @@ Do you want to continue?</source>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: в файле не найдено видео или звука, которые можно воспроизвести</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Время воспроизведения</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Время воспроизведения фильма</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Режим закрепления</translation>
+    </message>
+    <message>
+        <source>How the next fix moves the other lines</source>
+        <translation>Как следующее закрепление сдвинет остальные строки</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Кодировка</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>Кодировка, в которой был прочитан файл субтитров</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Строки</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Количество строк в файле</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Закрепить: строки между якорями растягиваются</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Сдвинуть: строки между якорями сдвигаются на столько же</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Одна: сдвигается только эта строка</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: нажимайте, когда начинается каждая строка</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Нет строки для закрепления</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 строка</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n строка</numerusform>
+            <numerusform>%n строки</numerusform>
+            <numerusform>%n строк</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 из 1 строки</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 из %n строки</numerusform>
+            <numerusform>%1 из %n строк</numerusform>
+            <numerusform>%1 из %n строк</numerusform>
+        </translation>
     </message>
 </context>
 </TS>
