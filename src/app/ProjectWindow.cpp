@@ -206,7 +206,7 @@ QWidget *ProjectWindow::buildMovieSide()
     m_scrubber = new QSlider(Qt::Horizontal, side);
     m_scrubber->setRange(0, 0);
     m_scrubber->setFocusPolicy(Qt::NoFocus);
-    m_scrubber->setMinimumWidth(120);
+    m_scrubber->setMinimumWidth(60);
     m_scrubber->setAccessibleName(tr("Playing position"));
     connect(m_scrubber, &QSlider::sliderPressed, this, [this] { m_scrubbing = true; });
     connect(m_scrubber, &QSlider::sliderReleased, this, [this] { m_scrubbing = false; });
@@ -264,6 +264,8 @@ QWidget *ProjectWindow::buildEditorSide()
     m_languageButton->setPopupMode(QToolButton::InstantPopup);
     m_languageButton->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_languageButton->setMinimumWidth(180);
+    // A long language name is cut rather than widening the window.
+    m_languageButton->setSizePolicy(QSizePolicy::Ignored, m_languageButton->sizePolicy().verticalPolicy());
     m_languageButton->setAccessibleName(tr("Subtitle language"));
     m_languageMenu = new QMenu(m_languageButton);
     m_languageButton->setMenu(m_languageMenu);
@@ -350,6 +352,9 @@ QWidget *ProjectWindow::buildEditorSide()
     fields->addWidget(m_fixButton);
     // Where the current line may start: the earliest and latest time of its fix range.
     m_rangeLabel = new QLabel(side);
+    // The two times go on two rows when there is no room: times in hours would otherwise
+    // widen the window whenever such a line is selected.
+    m_rangeLabel->setWordWrap(true);
     m_rangeLabel->setToolTip(tr("The times the current line's start may be fixed between"));
     m_rangeLabel->setAccessibleName(tr("The times the current line's start may be fixed between"));
     fields->addWidget(m_rangeLabel);

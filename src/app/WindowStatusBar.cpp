@@ -21,7 +21,7 @@ WindowStatusBar::WindowStatusBar(CTWindowController *project, QWidget *parent)
         return item;
     };
     m_time = label(tr("Playing time"), tr("The movie's playing time"));
-    m_mode = label(tr("Fix mode"), tr("How the next fix moves the other lines"));
+    m_mode = label(tr("Fix mode"), QString()); // the tool tip explains the mode shown
     m_encoding = label(tr("Encoding"), tr("The encoding the subtitle file was read in"));
     m_lines = label(tr("Lines"), tr("The number of lines in the file"));
     // The time does not jump in width as its digits change.
@@ -49,6 +49,22 @@ void WindowStatusBar::keyChanged(const QString &key)
         showLines();
 }
 
+QString WindowStatusBar::shortModeName(int fixMode)
+{
+    switch (fixMode) {
+    case CTWindowController::FixModeFix:
+        return tr("Mode: Fix");
+    case CTWindowController::FixModeShift:
+        return tr("Mode: Shift");
+    case CTWindowController::FixModeSingle:
+        return tr("Mode: Single");
+    case CTWindowController::FixModeTap2Sync:
+        return tr("Mode: Tap2Sync");
+    default:
+        return tr("No line to fix");
+    }
+}
+
 QString WindowStatusBar::modeName(int fixMode)
 {
     switch (fixMode) {
@@ -72,7 +88,10 @@ void WindowStatusBar::showTime()
 
 void WindowStatusBar::showMode()
 {
-    m_mode->setText(modeName(m_project->fixMode()));
+    // The short name, so that the bar keeps its width; the explanation is the tool tip.
+    const int mode = m_project->fixMode();
+    m_mode->setText(shortModeName(mode));
+    m_mode->setToolTip(modeName(mode));
 }
 
 void WindowStatusBar::showEncoding()

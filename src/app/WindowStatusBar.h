@@ -23,7 +23,8 @@ public:
     QLabel *encodingLabel() const { return m_encoding; }
     QLabel *linesLabel() const { return m_lines; }
 
-    // The name of a fix mode as the status bar shows it.
+    // A fix mode as the status bar shows it ("Mode: Shift"), and what it does (its tool tip).
+    static QString shortModeName(int fixMode);
     static QString modeName(int fixMode);
 
 private:

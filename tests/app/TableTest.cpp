@@ -384,7 +384,7 @@ TEST_F(TableTest, TheStatusBarShowsTimeModeEncodingAndLines)
     WindowStatusBar *bar = window->windowStatusBar();
     EXPECT_EQ(bar->linesLabel()->text(), u"0 lines"_s);
     EXPECT_FALSE(bar->encodingLabel()->isVisibleTo(bar));
-    EXPECT_EQ(bar->modeLabel()->text(), WindowStatusBar::modeName(0));
+    EXPECT_EQ(bar->modeLabel()->text(), u"No line to fix"_s);
     // "é" in ISO Latin 1: not UTF-8, so the detector decides.
     open("1\n00:00:01,000 --> 00:00:02,000\nC'est l'\xe9t\xe9, il fait chaud\n\n"
          "2\n00:00:05,000 --> 00:00:07,500\nLa for\xeat est tr\xe8s belle et tr\xe8s verte\n\n"
@@ -398,9 +398,10 @@ TEST_F(TableTest, TheStatusBarShowsTimeModeEncodingAndLines)
     EXPECT_EQ(bar->linesLabel()->text(), u"3 lines"_s);
 
     window->cueTable()->selectRow(0);
-    EXPECT_TRUE(bar->modeLabel()->text().startsWith(u"Fix:"_s));
+    EXPECT_EQ(bar->modeLabel()->text(), u"Mode: Fix"_s);
+    EXPECT_TRUE(bar->modeLabel()->toolTip().startsWith(u"Fix: the lines between the anchors"_s));
     window->project()->setFixMode(CTWindowController::FixModeShift);
-    EXPECT_TRUE(bar->modeLabel()->text().startsWith(u"Shift:"_s));
+    EXPECT_EQ(bar->modeLabel()->text(), u"Mode: Shift"_s);
     player->setCurrentTime(83.25);
     EXPECT_EQ(bar->timeLabel()->text(), VHTimeValueTransformer::stringForTime(83.25));
 
@@ -532,3 +533,25 @@ TEST_F(TableTest, TheTableKeepsUpWithManyLinesRowByRow)
     EXPECT_EQ(model()->headerData(99999, Qt::Vertical, Qt::DisplayRole).toInt(), 100000);
 }
 } // namespace
+
+TEST_F(TableTest, TheWindowKeepsItsWidthAsLinesAndTimesChangeAndCanBeMadeSmaller)
+{
+    QCoreApplication::processEvents();
+    const int before = window->width();
+    // A long movie: the range of the current line reads in hours; a long language name.
+    open("1\n01:23:45,000 --> 01:23:47,000\nA line late in a long film, with more text than fits in the table\n\n"
+         "2\n02:34:56,000 --> 02:34:58,000\nThe last line\n\n");
+    window->cueTable()->selectRow(0);
+    window->project()->setFixMode(CTWindowController::FixModeTap2Sync);
+    QCoreApplication::processEvents();
+    QApplication::sendPostedEvents();
+    EXPECT_EQ(window->width(), before);
+    // Smaller than it opens, with room to spare for longer words in other languages.
+    const int minimum = window->minimumSizeHint().width();
+    QString parts;
+    for (QWidget *widget : window->findChildren<QWidget *>())
+        if (widget->isVisibleTo(window.get()) && widget->minimumSizeHint().width() > 150)
+            parts += u"%1 %2\n"_s.arg(QString::fromLatin1(widget->metaObject()->className()))
+                         .arg(widget->minimumSizeHint().width());
+    EXPECT_LE(minimum, 1100) << parts.toStdString();
+}
