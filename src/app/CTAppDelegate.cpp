@@ -117,7 +117,8 @@ void CTAppDelegate::buildMenus()
     if (QMenu *edit = menuOf(m_window.action(u"performFindPanelAction:"_s))) {
         QAction *replace = addItem(edit, itemAfter(edit, m_window.action(u"performFindPanelAction:"_s)),
                                    tr("Find and Replace"), u"showReplace:"_s);
-        replace->setShortcut(QKeySequence::Replace);
+        // Ctrl+H: the desktop's standard Replace key is none at all without a GNOME or KDE theme.
+        replace->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
         replace->setCheckable(true);
         connect(replace, &QAction::triggered, this, [this](bool on) {
             m_window.project()->setShowReplace(on);

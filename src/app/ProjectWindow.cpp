@@ -80,7 +80,7 @@ ProjectWindow::ProjectWindow(QWidget *parent)
     splitter->addWidget(buildEditorSide());
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({640, 560});
+    splitter->setSizes({560, 640}); // the table has seven columns
     setCentralWidget(splitter);
     m_statusBar = new WindowStatusBar(m_project.get(), this);
     setStatusBar(m_statusBar);
@@ -459,7 +459,7 @@ void ProjectWindow::refreshStates()
     const CTWindowController::RangeDisplay &range = m_project->rangeDisplay();
     m_rangeLabel->setText(range.startText.isEmpty() && range.endText.isEmpty()
                               ? QString()
-                              : range.startText + u" … "_s + range.endText);
+                              : range.startText + u"\u00a0… "_s + range.endText);
     m_model->refreshRows();
 }
 
