@@ -18,6 +18,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -31,6 +32,8 @@
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
+
+#include <iostream>
 
 using namespace Qt::StringLiterals;
 
@@ -531,6 +534,26 @@ TEST_F(TableTest, TheTableKeepsUpWithManyLinesRowByRow)
     EXPECT_EQ(resets.size(), 0);
     ASSERT_EQ(inserted.size(), 1);
     EXPECT_EQ(model()->headerData(99999, Qt::Vertical, Qt::DisplayRole).toInt(), 100000);
+
+    // What it costs, for the record: drawing the visible rows after a new current line, and a
+    // search that lists a tenth of the lines (the rows' own numbers are found once).
+    window->resize(1200, 720);
+    QElapsedTimer clock;
+    clock.start();
+    window->cueTable()->selectRow(70000);
+    window->cueTable()->viewport()->grab();
+    const qint64 selectAndDraw = clock.nsecsElapsed();
+    clock.restart();
+    window->searchField()->setText(u"7"_s);
+    window->cueTable()->scrollToBottom();
+    window->cueTable()->viewport()->grab();
+    const qint64 searchAndDraw = clock.nsecsElapsed();
+    const SubtitlePtr last = window->project()->arrangedSubtitles().last();
+    EXPECT_EQ(model()->headerData(model()->rowCount() - 1, Qt::Vertical, Qt::DisplayRole).toLongLong(),
+              window->project()->subtitles().indexOf(last) + 1);
+    std::cout << "select and draw: " << selectAndDraw / 1000
+              << " us; search, scroll to the end and draw: " << searchAndDraw / 1000 << " us ("
+              << model()->rowCount() << " rows)\n";
 }
 } // namespace
 
@@ -539,7 +562,8 @@ TEST_F(TableTest, TheWindowKeepsItsWidthAsLinesAndTimesChangeAndCanBeMadeSmaller
     QCoreApplication::processEvents();
     const int before = window->width();
     // A long movie: the range of the current line reads in hours; a long language name.
-    open("1\n01:23:45,000 --> 01:23:47,000\nA line late in a long film, with more text than fits in the table\n\n"
+    open("1\n01:23:45,000 --> 01:23:47,000\nA line late in a long film, with more text than fits in the "
+         "table\n\n"
          "2\n02:34:56,000 --> 02:34:58,000\nThe last line\n\n");
     window->cueTable()->selectRow(0);
     window->project()->setFixMode(CTWindowController::FixModeTap2Sync);
