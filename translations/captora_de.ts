@@ -1660,10 +1660,6 @@ Möchten Sie fortfahren?</translation>
         <translation>Fixiermodus</translation>
     </message>
     <message>
-        <source>How the next fix moves the other lines</source>
-        <translation>Wie das nächste Fixieren die anderen Zeilen verschiebt</translation>
-    </message>
-    <message>
         <source>Encoding</source>
         <translation>Zeichenkodierung</translation>
     </message>
@@ -1720,6 +1716,22 @@ Möchten Sie fortfahren?</translation>
             <numerusform>%1 von %n Zeile</numerusform>
             <numerusform>%1 von %n Zeilen</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Modus: Fixieren</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Modus: Verschieben</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Modus: Einzeln</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Modus: Tap2Sync</translation>
     </message>
 </context>
 </TS>

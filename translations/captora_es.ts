@@ -1660,10 +1660,6 @@ Do you want to continue?</source>
         <translation>Modo de fijación</translation>
     </message>
     <message>
-        <source>How the next fix moves the other lines</source>
-        <translation>Cómo la próxima fijación mueve las demás líneas</translation>
-    </message>
-    <message>
         <source>Encoding</source>
         <translation>Codificación</translation>
     </message>
@@ -1720,6 +1716,22 @@ Do you want to continue?</source>
             <numerusform>%1 de %n línea</numerusform>
             <numerusform>%1 de %n líneas</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Modo: Fijar</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Modo: Desplazar</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Modo: Sola</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Modo: Tap2Sync</translation>
     </message>
 </context>
 </TS>

@@ -1660,10 +1660,6 @@ Voulez-vous continuer&#xa0;?</translation>
         <translation>Mode de fixation</translation>
     </message>
     <message>
-        <source>How the next fix moves the other lines</source>
-        <translation>Comment la prochaine fixation déplace les autres lignes</translation>
-    </message>
-    <message>
         <source>Encoding</source>
         <translation>Encodage</translation>
     </message>
@@ -1720,6 +1716,22 @@ Voulez-vous continuer&#xa0;?</translation>
             <numerusform>%1 sur %n ligne</numerusform>
             <numerusform>%1 sur %n lignes</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Mode : Fixer</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Mode : Décaler</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Mode : Seule</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Mode : Tap2Sync</translation>
     </message>
 </context>
 </TS>

@@ -1669,10 +1669,6 @@ Do you want to continue?</source>
         <translation>Режим закрепления</translation>
     </message>
     <message>
-        <source>How the next fix moves the other lines</source>
-        <translation>Как следующее закрепление сдвинет остальные строки</translation>
-    </message>
-    <message>
         <source>Encoding</source>
         <translation>Кодировка</translation>
     </message>
@@ -1731,6 +1727,22 @@ Do you want to continue?</source>
             <numerusform>%1 из %n строк</numerusform>
             <numerusform>%1 из %n строк</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Режим: закрепить</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Режим: сдвинуть</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Режим: одна</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Режим: Tap2Sync</translation>
     </message>
 </context>
 </TS>

@@ -286,6 +286,17 @@ TEST_F(TableTest, TwoFramesAreTheMoviesFramesOr25PerSecond)
     window->project()->setMovieInfo(window->project()->moviePath(), 1, 0, 600); // unknown
     EXPECT_DOUBLE_EQ(model()->shortestGap(), 0.08);
     EXPECT_EQ(warning(1, CueTableModel::StartColumn), CueTableModel::Warning::ShortGap);
+
+    // Chapter marks follow each other without gaps by design, and nobody reads them aloud.
+    window->project()->setSubtitlePath(dir.write(u"Film.vtt"_s, "WEBVTT\n\n00:00:00.000 --> 00:00:10.000\n"
+                                                                "Chapter 1\n\n00:00:10.000 --> 00:00:10.050\n"
+                                                                "Chapter 2 with a long title\n\n"),
+                                       true);
+    ASSERT_TRUE(window->project()->isChaptermark());
+    ASSERT_EQ(model()->rowCount(), 2);
+    EXPECT_EQ(warning(1, CueTableModel::StartColumn), CueTableModel::Warning::None);
+    EXPECT_EQ(warning(1, CueTableModel::ReadingSpeedColumn), CueTableModel::Warning::None);
+    EXPECT_EQ(cell(1, CueTableModel::ReadingSpeedColumn).toString(), QString());
 }
 
 // --- numbering, replacing, seeking ---------------------------------------------------------------
