@@ -89,7 +89,8 @@ void WindowStatusBar::showTime()
 void WindowStatusBar::showMode()
 {
     // The short name, so that the bar keeps its width; the explanation is the tool tip.
-    const int mode = m_project->fixMode();
+    // Without a current line no fix can be made, whatever mode the next one will take.
+    const int mode = m_project->currentSubtitle() ? m_project->fixMode() : CTWindowController::NoFixMode;
     m_mode->setText(shortModeName(mode));
     m_mode->setToolTip(modeName(mode));
 }

@@ -410,6 +410,7 @@ TEST_F(TableTest, TheStatusBarShowsTimeModeEncodingAndLines)
     EXPECT_TRUE(bar->encodingLabel()->isVisibleTo(bar));
     EXPECT_EQ(window->project()->subtitles()[0]->string(), u"C'est l'été, il fait chaud"_s);
     EXPECT_EQ(bar->linesLabel()->text(), u"3 lines"_s);
+    EXPECT_EQ(bar->modeLabel()->text(), u"No line to fix"_s); // none selected
 
     window->cueTable()->selectRow(0);
     EXPECT_EQ(bar->modeLabel()->text(), u"Mode: Fix"_s);
