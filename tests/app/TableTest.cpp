@@ -96,7 +96,7 @@ protected:
         window->show();
         QApplication::setActiveWindow(window.get());
         tester = std::make_unique<QAbstractItemModelTester>(
-            window->cueModel(), QAbstractItemModelTester::FailureReportingMode::Warning);
+            window->cueModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     }
     void TearDown() override
     {
