@@ -3,6 +3,7 @@
 #include "CTFileHelper.h"
 #include "CTPreferenceController.h"
 #include "CTWindowController.h"
+#include "HelpWindows.h"
 #include "LocaleNames.h"
 #include "PreferencesWindow.h"
 #include "ProgressWindow.h"
@@ -116,7 +117,8 @@ void CTAppDelegate::buildMenus()
     if (QMenu *edit = menuOf(m_window.action(u"performFindPanelAction:"_s))) {
         QAction *replace = addItem(edit, itemAfter(edit, m_window.action(u"performFindPanelAction:"_s)),
                                    tr("Find and Replace"), u"showReplace:"_s);
-        replace->setShortcut(QKeySequence::Replace);
+        // Ctrl+H: the desktop's standard Replace key is none at all without a GNOME or KDE theme.
+        replace->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
         replace->setCheckable(true);
         connect(replace, &QAction::triggered, this, [this](bool on) {
             m_window.project()->setShowReplace(on);
@@ -142,6 +144,9 @@ void CTAppDelegate::buildMenus()
     QAction *reset = addItem(help, nullptr, tr("Reset Messages"), u"resetMessages:"_s);
     reset->setToolTip(tr("Show the disclaimer and the Tap2Sync explanation again"));
     connect(reset, &QAction::triggered, this, [this] { resetMessage(); });
+    QAction *keys = addItem(help, nullptr, tr("Keyboard Shortcuts"), u"showKeyboardShortcuts:"_s);
+    keys->setShortcut(QKeySequence::HelpContents);
+    connect(keys, &QAction::triggered, this, [this] { showKeyboardShortcuts(); });
     help->addSeparator();
     QAction *about = addItem(help, nullptr, tr("About %1").arg(QApplication::applicationDisplayName()),
                              u"orderFrontAboutPanel:"_s);
@@ -251,11 +256,18 @@ void CTAppDelegate::showTasks()
     m_progress.raise();
 }
 
+void CTAppDelegate::showKeyboardShortcuts()
+{
+    // Made anew each time: it lists the keys as they are when it opens.
+    auto *sheet = new ShortcutSheet(m_window.menuBar(), &m_window);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->show();
+}
+
 void CTAppDelegate::showAbout()
 {
     QMessageBox::about(&m_window, tr("About %1").arg(QApplication::applicationDisplayName()),
-                       tr("<b>%1 %2</b><p>A subtitle editor for fixing subtitle timing against a movie.</p>")
-                           .arg(QApplication::applicationDisplayName(), QApplication::applicationVersion()));
+                       AboutBox::text());
 }
 
 QLocale CTAppDelegate::interfaceLocale()

@@ -53,12 +53,14 @@ public:
     void showPreferences();
     PreferencesWindow *preferencesWindow() const;
     void showTasks();
+    // Help › Keyboard Shortcuts: a sheet of every key, as the menus have them now.
+    void showKeyboardShortcuts();
     RecentFilesMenu *recentFiles() const { return m_recent; }
     // The note in the window's status bar while the movie needs embedding.
     QLabel *needToEmbedLabel() const { return m_needToEmbed; }
 
     // The menu items this object adds, by name: "showPreferences:", "showTasks:",
-    // "resetMessages:", "showReplace:", "orderFrontAboutPanel:".
+    // "resetMessages:", "showReplace:", "showKeyboardShortcuts:", "orderFrontAboutPanel:".
     QAction *action(const QString &name) const;
 
     // The locale the interface is shown in: the stored "Locale" choice, or the system's.

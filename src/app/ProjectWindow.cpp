@@ -5,6 +5,7 @@
 #include "CTTimeView.h"
 #include "CueTableModel.h"
 #include "FixPanel.h"
+#include "CueTableView.h"
 #include "Log.h"
 #include "MoviePlaceholder.h"
 #include "PlaybackMenu.h"
@@ -13,6 +14,7 @@
 #include "Settings.h"
 #include "TutorialOverlay.h"
 #include "VHTimeValueTransformer.h"
+#include "WindowStatusBar.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -86,10 +88,12 @@ ProjectWindow::ProjectWindow(QWidget *parent)
     splitter->addWidget(buildEditorSide());
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({640, 560});
+    splitter->setSizes({560, 640}); // the table has seven columns
     auto *vertical = new QSplitter(Qt::Vertical, this);
     vertical->addWidget(splitter);
     setCentralWidget(vertical);
+    m_statusBar = new WindowStatusBar(m_project.get(), this);
+    setStatusBar(m_statusBar);
     buildMenus();
     setUpTimeline(vertical);
     observeProject();
@@ -198,13 +202,17 @@ QWidget *ProjectWindow::buildMovieSide()
     const QFontMetrics playMetrics = m_playButton->fontMetrics();
     m_playButton->setMaximumWidth(
         std::max(playMetrics.horizontalAdvance(tr("Play")), playMetrics.horizontalAdvance(tr("Pause"))) + 32);
+    m_playButton->setAccessibleName(tr("Play or pause"));
     connect(m_playButton, &QPushButton::clicked, this, [this] { runCommand(u"playPause:"_s); });
     bar->addWidget(m_playButton);
     const QStringList stepTitles = {u"−5"_s, u"−1"_s, u"+1"_s, u"+5"_s};
     const QStringList stepCommands = {u"rewind:"_s, u"stepBackward:"_s, u"stepForward:"_s, u"fastForward:"_s};
+    const QStringList stepNames = {tr("Five frames back"), tr("One frame back"), tr("One frame forward"),
+                                   tr("Five frames forward")};
     for (int i = 0; i < 4; ++i) {
         auto *button = new QPushButton(stepTitles[i], side);
         button->setToolTip(i == 0 || i == 3 ? tr("Five frames") : tr("One frame"));
+        button->setAccessibleName(stepNames[i]);
         button->setFocusPolicy(Qt::NoFocus);
         button->setEnabled(false);
         button->setMaximumWidth(button->fontMetrics().horizontalAdvance(u"+5"_s) + 24);
@@ -216,7 +224,8 @@ QWidget *ProjectWindow::buildMovieSide()
     m_scrubber = new QSlider(Qt::Horizontal, side);
     m_scrubber->setRange(0, 0);
     m_scrubber->setFocusPolicy(Qt::NoFocus);
-    m_scrubber->setMinimumWidth(120);
+    m_scrubber->setMinimumWidth(60);
+    m_scrubber->setAccessibleName(tr("Playing position"));
     connect(m_scrubber, &QSlider::sliderPressed, this, [this] { m_scrubbing = true; });
     connect(m_scrubber, &QSlider::sliderReleased, this, [this] { m_scrubbing = false; });
     // Dragging or clicking the track seeks, within the limits the fix range sets.
@@ -244,10 +253,12 @@ QWidget *ProjectWindow::buildMovieSide()
     track->addWidget(m_timeView);
     bar->addLayout(track, 1);
     m_timeLabel = new QLabel(VHTimeValueTransformer::stringForTime(0), side);
+    m_timeLabel->setAccessibleName(tr("Playing time"));
     bar->addWidget(m_timeLabel);
     auto *subtitleToggle = new QToolButton(side);
     subtitleToggle->setText(u"CC"_s);
     subtitleToggle->setToolTip(tr("Show the subtitle over the movie"));
+    subtitleToggle->setAccessibleName(tr("Show the subtitle over the movie"));
     subtitleToggle->setCheckable(true);
     subtitleToggle->setChecked(true);
     subtitleToggle->setFocusPolicy(Qt::NoFocus);
@@ -260,6 +271,7 @@ QWidget *ProjectWindow::buildMovieSide()
     fullScreen->setText(tr("Full Screen"));
     fullScreen->setFocusPolicy(Qt::NoFocus);
     fullScreen->setObjectName(u"fullScreenButton"_s);
+    fullScreen->setAccessibleName(tr("Full Screen"));
     // The movie alone fills the screen; Escape brings it back.
     connect(fullScreen, &QToolButton::clicked, this, [this] {
         if (PlaybackControl *player = m_project->movieController())
@@ -280,12 +292,16 @@ QWidget *ProjectWindow::buildEditorSide()
     m_languageButton->setPopupMode(QToolButton::InstantPopup);
     m_languageButton->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_languageButton->setMinimumWidth(180);
+    // A long language name is cut rather than widening the window.
+    m_languageButton->setSizePolicy(QSizePolicy::Ignored, m_languageButton->sizePolicy().verticalPolicy());
+    m_languageButton->setAccessibleName(tr("Subtitle language"));
     m_languageMenu = new QMenu(m_languageButton);
     m_languageButton->setMenu(m_languageMenu);
     top->addWidget(m_languageButton, 1);
     m_searchField = new QLineEdit(side);
     m_searchField->setPlaceholderText(tr("Search"));
     m_searchField->setClearButtonEnabled(true);
+    m_searchField->setAccessibleName(tr("Search"));
     connect(m_searchField, &QLineEdit::textChanged, this, [this](const QString &text) {
         if (text != m_project->searchString())
             m_project->setSearchString(text);
@@ -294,6 +310,7 @@ QWidget *ProjectWindow::buildEditorSide()
     auto *caseSensitive = new QToolButton(side);
     caseSensitive->setText(u"Aa"_s);
     caseSensitive->setToolTip(tr("Case-sensitive search"));
+    caseSensitive->setAccessibleName(tr("Case-sensitive search"));
     caseSensitive->setCheckable(true);
     caseSensitive->setChecked(m_project->searchCaseSensitive());
     connect(caseSensitive, &QToolButton::toggled, this,
@@ -308,31 +325,34 @@ QWidget *ProjectWindow::buildEditorSide()
     replace->setContentsMargins(0, 0, 0, 0);
     m_replaceField = new QLineEdit(side);
     m_replaceField->setPlaceholderText(tr("Replace with"));
+    m_replaceField->setAccessibleName(tr("Replace with"));
     replace->addWidget(m_replaceField, 1);
     auto *replaceAll = new QPushButton(tr("Replace All"), side);
-    connect(replaceAll, &QPushButton::clicked, this,
-            [this] { m_project->replaceAll(m_searchField->text(), m_replaceField->text()); });
+    replaceAll->setAccessibleName(tr("Replace All"));
+    connect(replaceAll, &QPushButton::clicked, this, [this] {
+        const qsizetype changed = m_project->replaceAll(m_searchField->text(), m_replaceField->text());
+        m_statusBar->showMessage(changed == 0   ? tr("No line changed")
+                                 : changed == 1 ? tr("Replaced in 1 line")
+                                                : tr("Replaced in %n lines", nullptr, int(changed)),
+                                 10000);
+    });
     replace->addWidget(replaceAll);
     layout->addWidget(m_replaceRow);
     m_replaceRow->setVisible(m_project->showReplace());
 
     m_model = new CueTableModel(m_project.get(), this);
-    m_table = new QTableView(side);
+    auto *table = new CueTableView(side);
+    m_table = table;
     m_table->setModel(m_model);
     m_delegate = new CueItemDelegate(m_table);
     m_table->setItemDelegate(m_delegate);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed); // no per-row measuring
-    m_table->horizontalHeader()->setSectionResizeMode(CueTableModel::TextColumn, QHeaderView::Stretch);
-    const int timeWidth = m_table->fontMetrics().horizontalAdvance(u"00:00:00,000"_s) + 16;
-    m_table->setColumnWidth(CueTableModel::StartColumn, timeWidth);
-    m_table->setColumnWidth(CueTableModel::DurationColumn, timeWidth);
-    m_table->setColumnWidth(CueTableModel::ForcedColumn,
-                            m_table->fontMetrics().horizontalAdvance(tr("Forced")) + 16);
-    m_table->setWordWrap(false);
+    table->sizeColumns();
+    // A click on the selected line selects nothing new, but goes there again.
+    table->onClickSelectedRow = [this](int, Qt::KeyboardModifiers modifiers) {
+        m_project->setModifierKeys(modifiers & Qt::AltModifier ? CTWindowController::OptionModifier
+                                                               : CTWindowController::NoModifier);
+        m_project->seekToCurrentSubtitle();
+    };
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { tableSelectionChanged(); });
     connect(m_model, &QAbstractItemModel::modelReset, this, [this] { applyProjectSelection(); });
@@ -341,9 +361,11 @@ QWidget *ProjectWindow::buildEditorSide()
     auto *fields = new QHBoxLayout;
     fields->addWidget(new QLabel(tr("Start", "start time of a line"), side));
     m_startField = new QLineEdit(side);
+    m_startField->setAccessibleName(tr("Start time of the line"));
     fields->addWidget(m_startField);
     fields->addWidget(new QLabel(tr("Duration"), side));
     m_durationField = new QLineEdit(side);
+    m_durationField->setAccessibleName(tr("Duration of the line"));
     fields->addWidget(m_durationField);
     // Both fields show a whole time text ("00:00:00.000") without scrolling.
     for (QLineEdit *field : {m_startField, m_durationField}) {
@@ -351,6 +373,7 @@ QWidget *ProjectWindow::buildEditorSide()
         field->setMinimumWidth(textWidth + 2 * field->style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 8);
     }
     m_forcedBox = new QCheckBox(tr("Forced"), side);
+    m_forcedBox->setAccessibleName(tr("Forced"));
     fields->addWidget(m_forcedBox);
     fields->addStretch(1);
     layout->addLayout(fields);
@@ -384,6 +407,7 @@ QWidget *ProjectWindow::buildEditorSide()
 
     m_textField = new QPlainTextEdit(side);
     m_textField->setMaximumHeight(90);
+    m_textField->setAccessibleName(tr("Text of the line"));
     m_textField->setTabChangesFocus(true);
     m_textField->setUndoRedoEnabled(false); // the project undoes the line's edits
     connect(m_textField, &QPlainTextEdit::textChanged, this, [this] {

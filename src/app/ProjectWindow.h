@@ -37,6 +37,7 @@ class QTableView;
 class QToolButton;
 class SpeechSnapper;
 class TimelineView;
+class WindowStatusBar;
 
 // The project window: the movie area with its control bar, the language pop-up, the cue
 // table, the editor fields of the current line, the fix control, search and replace, and
@@ -145,6 +146,7 @@ public:
     TimelineView *timeline() const { return m_timeline; }
     SpeechSnapper &speechSnapper() const { return *m_snapper; }
     QAction *showTimelineAction() const { return m_showTimeline; }
+    WindowStatusBar *windowStatusBar() const { return m_statusBar; }
     const QList<double> &frameSteps() const { return m_frameSteps; }
     double fixBackgroundDuration() const { return m_fixBackgroundDuration; }
 
@@ -257,4 +259,5 @@ private:
     std::unique_ptr<SpeechSnapper> m_snapper;
     TimelineView *m_timeline = nullptr;
     QAction *m_showTimeline = nullptr;
+    WindowStatusBar *m_statusBar = nullptr;
 };

@@ -381,14 +381,18 @@ void ProjectWindow::focusChanged(QWidget *now)
 
 void ProjectWindow::setArrowKeyEquivalentsEnabled(bool enabled)
 {
-    if (QAction *back = action(u"stepBackward:"_s))
-        back->setShortcut(enabled ? QKeySequence(Qt::Key_Left) : QKeySequence());
-    if (QAction *forward = action(u"stepForward:"_s))
-        forward->setShortcut(enabled ? QKeySequence(Qt::Key_Right) : QKeySequence());
-    if (QAction *back = action(u"rewind:"_s))
-        back->setShortcut(enabled ? QKeySequence(Qt::SHIFT | Qt::Key_Left) : QKeySequence());
-    if (QAction *forward = action(u"fastForward:"_s))
-        forward->setShortcut(enabled ? QKeySequence(Qt::SHIFT | Qt::Key_Right) : QKeySequence());
+    // While the keys are taken away the item remembers them ("suspendedShortcut"), so that the
+    // keyboard sheet still lists them.
+    auto setKey = [this, enabled](const QString &command, const QKeySequence &key) {
+        if (QAction *item = action(command)) {
+            item->setShortcut(enabled ? key : QKeySequence());
+            item->setProperty("suspendedShortcut", enabled ? QVariant() : QVariant(key));
+        }
+    };
+    setKey(u"stepBackward:"_s, QKeySequence(Qt::Key_Left));
+    setKey(u"stepForward:"_s, QKeySequence(Qt::Key_Right));
+    setKey(u"rewind:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Left));
+    setKey(u"fastForward:"_s, QKeySequence(Qt::SHIFT | Qt::Key_Right));
 }
 
 void ProjectWindow::setPlayButtonKeyEquivalent(const QString &key)

@@ -66,8 +66,12 @@ const QString &VHSubtitle::encodingDefaultsKey()
 }
 
 std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, EncodingId encoding,
-                                                           bool encodingIsOptional)
+                                                           bool encodingIsOptional, EncodingId *used)
 {
+    auto decodedIn = [used](EncodingId id) {
+        if (used)
+            *used = id;
+    };
     QString error;
     // A file that cannot be read at all is not helped by choosing an encoding. Only regular
     // files of a sane size are read: a FIFO would block and a device would never end.
@@ -81,26 +85,33 @@ std::optional<QString> VHSubtitle::stringWithContentsOfURL(const QString &path, 
     for (;;) {
         QString text;
         // 1. The encoding asked for, when it is not merely a suggestion.
-        if (!encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
+        if (!encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error)) {
+            decodedIn(encoding);
             return text;
+        }
         if (!encodingIsOptional && !s_detectionAfterGivenEncoding) {
             logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
             return std::nullopt;
         }
         // 2. Byte-order marks and strict UTF-8.
         EncodingId detected = Encodings::None;
-        if (TextCodec::decodeAutomatically(bytes, &text, &detected))
+        if (TextCodec::decodeAutomatically(bytes, &text, &detected)) {
+            decodedIn(detected);
             return text;
+        }
         // 3. The suggested encoding.
-        if (encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error))
+        if (encodingIsOptional && TextCodec::decode(bytes, encoding, &text, &error)) {
+            decodedIn(encoding);
             return text;
+        }
         // 4. The per-language detector.
-        FileReadError detectorError;
-        if (std::optional<QString> detectedText =
-                VHEncodingChooser::sharedEncodingChooser().contentOfFile(path, 0.6, &detectorError))
-            return detectedText;
-        if (!detectorError.description.isEmpty())
-            error = detectorError.description;
+        VHEncodingChooser::Choice choice = VHEncodingChooser::sharedEncodingChooser().choose(path, 0.6);
+        if (choice.accepted) {
+            decodedIn(choice.best ? choice.best->stringEncoding() : Encodings::None);
+            return std::move(choice.text);
+        }
+        if (choice.error && !choice.error->description.isEmpty())
+            error = choice.error->description;
         // 5.-9. Tell why, and ask for an encoding until one decodes or the user cancels.
         logLine(u"Warning: Could not load subtitle '%1', because: %2"_s.arg(path, error));
         const std::optional<EncodingId> chosen = askForEncoding(encoding);
@@ -144,11 +155,13 @@ std::optional<SubtitleList> salvage(const QString &path, const QString &text, do
 
 std::optional<SubtitleList> VHSubtitle::subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                                EncodingId encoding, bool encodingIsOptional,
-                                                               Salvage salvageMode, bool *salvaged)
+                                                               Salvage salvageMode, bool *salvaged,
+                                                               EncodingId *usedEncoding)
 {
     if (salvaged)
         *salvaged = false;
-    const std::optional<QString> text = stringWithContentsOfURL(path, encoding, encodingIsOptional);
+    const std::optional<QString> text =
+        stringWithContentsOfURL(path, encoding, encodingIsOptional, usedEncoding);
     if (!text)
         return std::nullopt;
     // The format is decided by content, in a fixed order: SubRip first, so that a text with

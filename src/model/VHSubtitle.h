@@ -76,6 +76,10 @@ public:
     bool fixed() const { return m_fixed; }
     bool active() const { return m_active; }
     LabelColor activeColor() const { return m_active ? LabelColor::Standard : LabelColor::Secondary; }
+    // How many characters a reader has to read: the text's 16-bit units, line breaks
+    // included. Durations from reading speed and the reading speed shown for a line both
+    // count this way.
+    qsizetype characterCount() const { return m_string.size(); }
 
     // Moves the whole cue; posts "VHSubtitleStartReduced" when it moves earlier.
     virtual void setStart(double start);
@@ -154,13 +158,17 @@ public:
                                                               EncodingId encoding, bool encodingIsOptional);
     // The same, and with salvage allowed, a file no reader accepts may still give cues; then
     // `salvaged` (when given) is set, and the file should be saved again to be clean.
+    // `usedEncoding` (when given) gets the encoding the text was read in.
     static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps, double length,
                                                               EncodingId encoding, bool encodingIsOptional,
-                                                              Salvage salvage, bool *salvaged = nullptr);
+                                                              Salvage salvage, bool *salvaged = nullptr,
+                                                              EncodingId *usedEncoding = nullptr);
     static std::optional<SubtitleList> subtitlesFromFileAtURL(const QString &path, double fps = 0,
                                                               double length = 0);
+    // The file's text; `used` (when given) gets the encoding it was read in.
     static std::optional<QString> stringWithContentsOfURL(const QString &path, EncodingId encoding,
-                                                          bool encodingIsOptional);
+                                                          bool encodingIsOptional,
+                                                          EncodingId *used = nullptr);
     // The settings key under which an encoding the user chose when a file could not be
     // decoded may be remembered ("Encoding" in the program); while it is empty the choice
     // is not offered.

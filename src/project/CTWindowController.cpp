@@ -407,12 +407,7 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
 
     if (cue) {
         bindEditorFields(cue);
-        if (fixMode() != FixMode::Tap2Sync && movieController()) {
-            // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
-            const bool option = m_fix->modifiers() & OptionModifier;
-            if (option == Preferences::SubtitleNoJump.value())
-                movieController()->setCurrentTime(cue->start() + 0.0001);
-        }
+        seekToCurrentSubtitle();
     } else {
         willChangeValueForKey(u"subtitleText"_s);
         m_subtitleText = u""_s;
@@ -423,6 +418,17 @@ void CTWindowController::setCurrentSubtitle(const SubtitlePtr &cue)
     }
     updateRangeNotification();
     m_noAdjust = oldNoAdjust;
+}
+
+void CTWindowController::seekToCurrentSubtitle()
+{
+    PlaybackControl *player = movieController();
+    if (!m_currentSubtitle || fixMode() == FixMode::Tap2Sync || !player)
+        return;
+    // A click seeks unless "SubtitleNoJump" is set; the Option key inverts that.
+    const bool option = m_fix->modifiers() & OptionModifier;
+    if (option == Preferences::SubtitleNoJump.value())
+        player->setCurrentTime(m_currentSubtitle->start() + 0.0001);
 }
 
 void CTWindowController::commitTypedText()
@@ -528,6 +534,15 @@ void CTWindowController::setHasChanged(bool changed)
     didChangeValueForKey(u"hasChanged"_s);
     if (m_view)
         m_view->setDocumentEdited(changed);
+}
+
+void CTWindowController::setFileEncoding(EncodingId encoding)
+{
+    if (encoding == m_fileEncoding)
+        return;
+    willChangeValueForKey(u"fileEncoding"_s);
+    m_fileEncoding = encoding;
+    didChangeValueForKey(u"fileEncoding"_s);
 }
 
 bool CTWindowController::hasMovie() const

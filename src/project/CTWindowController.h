@@ -33,7 +33,7 @@ class FolderPermissions;
 //
 // Observable keys: subtitlePath, subtitles, currentSubtitle, selectionIndices, start,
 // duration, subtitleText, forced, hasChanged, hasSubtitleFile, hasMovie, hasPrevious,
-// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath, playing (announced
+// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath, fileEncoding, playing (announced
 // when the player starts or stops; the player has the state).
 //
 // Threading: main thread only.
@@ -72,6 +72,10 @@ public:
 
     const SubtitlePtr &currentSubtitle() const { return m_currentSubtitle; }
     void setCurrentSubtitle(const SubtitlePtr &cue);
+    // Seeks to the current cue's start, as selecting it does (a click on the line that is
+    // selected already seeks again); not in Tap2Sync, and as "SubtitleNoJump" and the Option
+    // key decide.
+    void seekToCurrentSubtitle();
     // Rows of the arranged list. Exactly one selected row makes its cue current.
     const QList<qsizetype> &selectionIndices() const { return m_selection; }
     void setSelectionIndices(QList<qsizetype> rows);
@@ -93,6 +97,10 @@ public:
 
     bool hasChanged() const { return m_hasChanged; }
     void setHasChanged(bool changed);
+    // The encoding the file being edited was read in (UTF-8 once saved); none for a new file
+    // or chapter marks. Observable key "fileEncoding".
+    EncodingId fileEncoding() const { return m_fileEncoding; }
+    void setFileEncoding(EncodingId encoding);
     bool isFixed() const { return m_isFixed; }
 
     FixMode fixMode() const { return m_fix->mode(); }
@@ -317,7 +325,8 @@ public:
     void setSearchCaseSensitive(bool caseSensitive);
     // Whether the table's filter accepts the cue.
     bool searchPredicateAccepts(const VHSubtitle &cue) const;
-    void replaceAll(const QString &search, const QString &replacement);
+    // Replaces the text in every listed line; answers how many lines changed.
+    qsizetype replaceAll(const QString &search, const QString &replacement);
     // Whether the window shows the replace field (observable key "showReplace").
     bool showReplace() const { return m_showReplace; }
     void setShowReplace(bool show);
@@ -472,6 +481,7 @@ private:
     bool m_forced = false;
     bool m_isFixed = false;
     bool m_hasChanged = false;
+    EncodingId m_fileEncoding = Encodings::None;
     QString m_searchString;
     QString m_foldedSearch;
     bool m_searchIsAscii = true;

@@ -3,6 +3,7 @@
 #include <QLocale>
 
 #include <unicode/uloc.h>
+#include <unicode/uversion.h>
 
 using namespace Qt::StringLiterals;
 
@@ -100,6 +101,15 @@ QString currentLocaleIdentifier()
 {
     const QString name = QLocale::system().name();
     return name == u"C"_s ? QString() : name;
+}
+
+QString icuVersion()
+{
+    UVersionInfo version;
+    u_getVersion(version);
+    char text[U_MAX_VERSION_STRING_LENGTH];
+    u_versionToString(version, text);
+    return QString::fromLatin1(text);
 }
 
 } // namespace LocaleNames

@@ -25,4 +25,7 @@ void setInterfaceLanguage(const QString &identifier);
 // The user's current locale identifier ("de_CH"), "" for the C locale.
 QString currentLocaleIdentifier();
 
+// The version of the ICU library the program runs with ("72.1").
+QString icuVersion();
+
 } // namespace LocaleNames

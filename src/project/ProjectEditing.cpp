@@ -120,13 +120,13 @@ bool CTWindowController::searchPredicateAccepts(const VHSubtitle &cue) const
     return foldForSearch(text).contains(m_foldedSearch);
 }
 
-void CTWindowController::replaceAll(const QString &search, const QString &replacement)
+qsizetype CTWindowController::replaceAll(const QString &search, const QString &replacement)
 {
     if (search.isEmpty())
-        return;
+        return 0;
     EditScope edit(*this, editTitle(QT_TRANSLATE_NOOP("CTWindowController", "Replace All")));
     const Qt::CaseSensitivity cs = m_searchCaseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    bool anyChanged = false;
+    qsizetype changed = 0;
     const SubtitleList selected = selectedCues();
     const SubtitleList listed = arrangedSubtitles();
     for (const SubtitlePtr &cue : listed) {
@@ -145,14 +145,18 @@ void CTWindowController::replaceAll(const QString &search, const QString &replac
             found = text.indexOf(search, from, cs);
         }
         result.append(QStringView(text).sliced(from));
+        // Ignoring case, "Hello" replaced by "hello" may leave a line as it was: not a change.
+        if (result == text)
+            continue;
         cue->setString(result);
-        anyChanged = true;
+        ++changed;
     }
-    if (anyChanged) {
+    if (changed > 0) {
         // Lines may have left or joined the filtered list: the table is told, not just the cache.
         updateSearchPredicate(selected);
         markChanged();
     }
+    return changed;
 }
 
 // --- adding and deleting -----------------------------------------------------------------
@@ -311,7 +315,7 @@ void CTWindowController::adjustDurationPerCharacter(double perCharacter, double 
         const bool last = next >= m_subtitles.size();
         const double limit = last ? movieDuration() : m_subtitles[next]->start();
         const double available = limit - cue->start();
-        const double wanted = double(cue->string().size()) * perCharacter;
+        const double wanted = double(cue->characterCount()) * perCharacter;
         double d = std::min(wanted, available - gap);
         d = std::max(d, minimum);
         d = std::min(d, maximum);

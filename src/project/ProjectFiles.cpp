@@ -79,13 +79,14 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
 
     bool loaded = false;
     bool salvaged = false; // a file no reader accepts, read tolerantly: saving makes it clean
+    EncodingId fileEncoding = Encodings::None;
     if (!path.isEmpty() && pathExists(path)) {
         const auto encoding = Encodings::canonical(EncodingId(Preferences::Encoding.value()));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
             chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, movieDuration(), encoding, optional)
                         : VHSubtitle::subtitlesFromFileAtURL(path, fps(), movieDuration(), encoding, optional,
-                                                             VHSubtitle::Salvage::Ask, &salvaged);
+                                                             VHSubtitle::Salvage::Ask, &salvaged, &fileEncoding);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(defaultFixMode());
         if (!m_subtitles.isEmpty()) {
@@ -113,6 +114,7 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         }
     }
 
+    setFileEncoding(m_subtitles.isEmpty() ? Encodings::None : fileEncoding);
     setHasChanged((target != path || salvaged) && !path.isEmpty() && !m_subtitles.isEmpty());
     // The undo history of the file: kept from an earlier visit when the file is as it was
     // then saved or loaded.
@@ -137,7 +139,9 @@ void CTWindowController::loadSubtitle()
 {
     if (!m_view)
         return;
-    const QString path = m_view->runOpenPanel({u"srt"_s}, false, QFileInfo(m_basePath).path());
+    // Every kind of file the readers take, not only SubRip.
+    const QString path =
+        m_view->runOpenPanel(CTFileHelper::subtitleExtensions(), false, QFileInfo(m_basePath).path());
     if (!path.isNull())
         setSubtitlePath(path);
 }
@@ -180,6 +184,7 @@ bool CTWindowController::saveSubtitleAt(const QString &path)
         return false;
     removeRecoveryCopy();
     m_editor->markClean();
+    setFileEncoding(Encodings::UTF8); // what saving writes
     setHasChanged(false);
     return true;
 }
@@ -194,6 +199,7 @@ bool CTWindowController::saveChapterMarkAt(const QString &path)
         return false;
     removeRecoveryCopy();
     m_editor->markClean();
+    setFileEncoding(Encodings::UTF8); // what saving writes
     setHasChanged(false);
     return true;
 }

@@ -495,7 +495,8 @@ TEST_F(ShellTest, FindAndReplaceShowsTheReplaceField)
     EXPECT_FALSE(window->replaceField()->isVisible());
     QAction *replace = delegate->action(u"showReplace:"_s);
     ASSERT_NE(replace, nullptr);
-    EXPECT_EQ(replace->shortcut(), QKeySequence(QKeySequence::Replace));
+    EXPECT_EQ(replace->shortcut(),
+              QKeySequence(Qt::CTRL | Qt::Key_H)); // on every desktop, as the README says
     replace->trigger();
     EXPECT_TRUE(window->project()->showReplace());
     EXPECT_TRUE(window->replaceField()->isVisible());

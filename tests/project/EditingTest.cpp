@@ -138,14 +138,18 @@ TEST_F(ProjectTest, SearchIgnoresAccentsButReplaceDoesNot)
     project->setSubtitles(list);
     project->setSearchString(u"ECOLE"_s);
     EXPECT_EQ(textsOf(project->arrangedSubtitles()), (QStringList{u"École"_s, u"ecole"_s}));
-    project->replaceAll(u"ecole"_s, u"x"_s);
+    EXPECT_EQ(project->replaceAll(u"ecole"_s, u"x"_s), 1); // lines changed
     EXPECT_EQ(textsOf(list), (QStringList{u"École"_s, u"x"_s, u"banana"_s}));
+    project->setSearchString(u"a"_s);
+    EXPECT_EQ(project->replaceAll(u"A"_s, u"a"_s), 0); // ignoring case, "a" for "A" changes nothing
+    EXPECT_EQ(textsOf(list), (QStringList{u"École"_s, u"x"_s, u"banana"_s}));
+    project->setSearchString(u"ECOLE"_s);
 
     project->setSearchCaseSensitive(true);
     EXPECT_TRUE(Settings::shared().boolValue(u"searchCaseSensitive"_s));
     project->setSearchString(u"a"_s);
     EXPECT_EQ(textsOf(project->arrangedSubtitles()), QStringList{u"banana"_s});
-    project->replaceAll(u"a"_s, u"aa"_s);
+    EXPECT_EQ(project->replaceAll(u"a"_s, u"aa"_s), 1);
     EXPECT_EQ(list[2]->string(), u"baanaanaa"_s);
     EXPECT_TRUE(project->hasChanged());
 }

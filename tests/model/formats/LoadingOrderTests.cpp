@@ -68,3 +68,39 @@ TEST(LoadingOrder, TextNoReaderAcceptsGivesNone)
                                         u"Warning: Parsing fails, in line Just some notes "
                                         u"(9223372036854775807, 9223372036854775807)"_s}));
 }
+
+TEST(LoadingOrder, TheLoaderSaysWhichEncodingItReadTheFileIn)
+{
+    const QByteArray cue = "1\n00:00:01,000 --> 00:00:02,000\nCaf\xc3\xa9\n";
+    QByteArray utf16 = "\xff\xfe";
+    for (QChar c : QString::fromUtf8(cue)) {
+        utf16 += char(c.unicode() & 0xff);
+        utf16 += char(c.unicode() >> 8);
+    }
+    struct Case
+    {
+        const char *name;
+        QByteArray bytes;
+        EncodingId asked;
+        bool optional;
+        EncodingId used;
+    };
+    const Case cases[] = {
+        {"strict UTF-8, nothing asked", cue, Encodings::None, true, Encodings::UTF8},
+        {"a byte-order mark beats the suggestion", utf16, Encodings::ISOLatin1, true, Encodings::UTF16},
+        {"asked for and decoding", "1\n00:00:01,000 --> 00:00:02,000\nCaf\xe9\n", Encodings::ISOLatin1, false,
+         Encodings::ISOLatin1},
+        {"suggested, when not UTF-8", "1\n00:00:01,000 --> 00:00:02,000\nCaf\xe9\n", Encodings::ISOLatin1, true,
+         Encodings::ISOLatin1},
+    };
+    TempDir dir;
+    LogCapture log;
+    for (const Case &c : cases) {
+        EncodingId used = Encodings::None;
+        const auto cues = VHSubtitle::subtitlesFromFileAtURL(dir.write(u"a.srt"_s, c.bytes), 0, 10, c.asked,
+                                                             c.optional, VHSubtitle::Salvage::Never, nullptr, &used);
+        ASSERT_TRUE(cues.has_value()) << c.name;
+        EXPECT_EQ(cues->first()->string(), u"Café"_s) << c.name;
+        EXPECT_EQ(used, c.used) << c.name;
+    }
+}
