@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Ein Untertitel-Editor, mit dem Sie das Timing von Untertiteln an einem Film ausrichten.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Läuft mit:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Weiterarbeiten</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Ein Untertitel-Editor, mit dem Sie das Timing von Untertiteln an einem Film ausrichten.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
     </message>
 </context>
 <context>
@@ -557,6 +568,51 @@
         <comment>start time of a line</comment>
         <translation>Beginn</translation>
     </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Anker: Fixieren verschiebt diese Zeile nicht</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Beginnt %1 s, bevor die vorige Zeile endet</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Nur %1 s nach der vorigen Zeile (weniger als zwei Bilder)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Schneller als die Grenze von %1 Zeichen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Anker</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Anker: Zeilen, die Fixieren nicht verschiebt</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Lesegeschwindigkeit in Zeichen pro Sekunde</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Ende</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>Z/s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Untertitelzeilen</translation>
+    </message>
 </context>
 <context>
     <name>EmbedOptionsDialog</name>
@@ -607,6 +663,82 @@
     <message>
         <source>Track in the movie</source>
         <translation>Spur im Film</translation>
+    </message>
+</context>
+<context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Die anstehende Verschiebung der aktuellen Zeile; der Ring ist bei einem Zehntel der Filmlänge ganz gefüllt</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Links: die Zeilen zwischen den fixierten Zeilen, wie sie sind, die aktuelle gelb. Rechts: wohin die Korrektur sie setzt, die aktuelle rot. Ganz rot: außerhalb der fixierten Zeilen, nichts würde sich bewegen.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fixieren: die Zeilen zwischen den nächsten fixierten Zeilen werden gedehnt und folgen der aktuellen</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Verschieben: die Zeilen zwischen den nächsten fixierten Zeilen rücken um denselben Betrag (Umschalttaste halten)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Einzeln: nur die aktuelle Zeile bewegt sich (Alt halten)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Einzeln</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fixieren</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Wählen Sie eine Zeile, um ihren Anfang zu korrigieren.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Drücken Sie die Leertaste, sobald Sie die Zeile hören; Esc beendet.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Außerhalb der fixierten Zeilen um sie herum: nichts würde sich bewegen.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Nur diese Zeile bewegt sich, um %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n Zeile bis zu den nächsten fixierten Zeilen rückt um %1.</numerusform>
+            <numerusform>%n Zeilen bis zu den nächsten fixierten Zeilen rücken gemeinsam um %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Diese Zeile rückt um %1; die Zeilen bis zu den nächsten fixierten Zeilen werden mitgedehnt (%n insgesamt).</numerusform>
+            <numerusform>Diese Zeile rückt um %1; die Zeilen bis zu den nächsten fixierten Zeilen werden mitgedehnt (%n insgesamt).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>typed, Return applies</source>
+        <translation>↵ übernimmt</translation>
     </message>
 </context>
 <context>
@@ -1138,6 +1270,69 @@ Halten Sie die Meta-Taste (Super), um genau bei der Zeit zu fixieren.</translati
         <source>Show Whole Movie</source>
         <translation>Ganzen Film zeigen</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Fünf Bilder zurück</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Ein Bild zurück</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Ein Bild vor</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Fünf Bilder vor</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Wiedergabeposition</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Wiedergabezeit</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Untertitelsprache</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Keine Zeile geändert</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>In 1 Zeile ersetzt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>In %n Zeile ersetzt</numerusform>
+            <numerusform>In %n Zeilen ersetzt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Beginn der Zeile</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Dauer der Zeile</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Text der Zeile</translation>
+    </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Einführung zeigen</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1152,6 +1347,54 @@ Halten Sie die Meta-Taste (Super), um genau bei der Zeit zu fixieren.</translati
     <message>
         <source>Clear Menu</source>
         <translation>Menü leeren</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> oder </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Ohne Menüeintrag</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Halten für den Modus „Verschieben“ (die Zeilen rücken gleich weit)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Halten für den Modus „Einzeln“ (nur die aktuelle Zeile bewegt sich)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>In Tap2Sync: die aktuelle Zeile fixieren, wenn sie beginnt</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Tap2Sync oder Vollbild verlassen</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Zelle der ausgewählten Zeile bearbeiten</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Taste</translation>
     </message>
 </context>
 <context>
@@ -1231,6 +1474,45 @@ Halten Sie die Meta-Taste (Super), um genau bei der Zeit zu fixieren.</translati
     <message>
         <source>End Time</source>
         <translation>Endzeit</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Drei Dinge, die Sie wissen sollten</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Klicken Sie eine Zeile an, um dorthin zu springen.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Der Film springt an den Anfang der Zeile. Alt-Klick wählt sie aus, ohne den Film zu bewegen.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Drücken Sie die Korrekturtaste (%1), wenn Sie sie hören.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>Die Zeile beginnt in diesem Moment, und die Zeilen bis zu den nächsten fixierten Zeilen folgen. Der Streifen neben dem Korrekturknopf zeigt vorher, wohin sie rücken.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync für einen ganzen Film.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Timing › Modus „Tap2Sync“ starten (%1): Schauen Sie den Film und drücken Sie die Leertaste, sobald eine Zeile gesprochen wird.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Nicht mehr anzeigen</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Verstanden</translation>
     </message>
 </context>
 <context>
@@ -1578,6 +1860,99 @@ Möchten Sie fortfahren?</translation>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: In der Datei wurde kein abspielbares Video oder Audio gefunden</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Wiedergabezeit</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Die Wiedergabezeit des Films</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Fixiermodus</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Zeichenkodierung</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>Die Zeichenkodierung, in der die Untertiteldatei gelesen wurde</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Die Anzahl der Zeilen in der Datei</translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Modus: Fixieren</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Modus: Verschieben</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Modus: Einzeln</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Modus: Tap2Sync</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Keine Zeile zum Fixieren</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fixieren: Die Zeilen zwischen den Ankern werden gedehnt</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Verschieben: Die Zeilen zwischen den Ankern rücken gleich weit</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Einzeln: Nur diese Zeile bewegt sich</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: Tippen Sie, wenn jede Zeile beginnt</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n Zeile</numerusform>
+            <numerusform>%n Zeilen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 von 1 Zeile</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 von %n Zeile</numerusform>
+            <numerusform>%1 von %n Zeilen</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

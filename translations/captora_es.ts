@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un editor de subtítulos para corregir la sincronización de los subtítulos con una película.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Funciona con:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Seguir trabajando</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un editor de subtítulos para corregir la sincronización de los subtítulos con una película.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Atajos de teclado</translation>
     </message>
 </context>
 <context>
@@ -557,6 +568,51 @@
         <comment>start time of a line</comment>
         <translation>Inicio</translation>
     </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Ancla: fijar no mueve esta línea</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Empieza %1 s antes de que termine la línea anterior</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Solo %1 s después de la línea anterior (menos de dos fotogramas)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Más rápido que el límite de %1 caracteres por segundo</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Ancla</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Anclas: líneas que fijar no mueve</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Velocidad de lectura en caracteres por segundo</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>car./s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Líneas de subtítulos</translation>
+    </message>
 </context>
 <context>
     <name>EmbedOptionsDialog</name>
@@ -607,6 +663,82 @@
     <message>
         <source>Track in the movie</source>
         <translation>Pista de la película</translation>
+    </message>
+</context>
+<context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>El desplazamiento pendiente de la línea actual; el anillo se llena con un décimo de la película</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Izquierda: las líneas entre las líneas fijadas tal como están, la actual en amarillo. Derecha: dónde las pone la corrección, la actual en rojo. Todo en rojo: fuera de las líneas fijadas, nada se movería.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fijar: las líneas entre las líneas fijadas más cercanas se estiran para seguir a la actual</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Desplazar: las líneas entre las líneas fijadas más cercanas se mueven lo mismo (mantener Mayús)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Sola: solo se mueve la línea actual (mantener Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Desplazar</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Sola</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fijar</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Seleccione una línea para corregir su inicio.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Pulse espacio en cuanto oiga la línea; Esc termina.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Fuera de las líneas fijadas que la rodean: nada se movería.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Solo se mueve esta línea, %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n línea, hasta las líneas fijadas más cercanas, se mueve %1.</numerusform>
+            <numerusform>%n líneas, hasta las líneas fijadas más cercanas, se mueven juntas %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Esta línea se mueve %1; las líneas hasta las líneas fijadas más cercanas se estiran con ella (%n en total).</numerusform>
+            <numerusform>Esta línea se mueve %1; las líneas hasta las líneas fijadas más cercanas se estiran con ella (%n en total).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>typed, Return applies</source>
+        <translation>escrito, Intro aplica</translation>
     </message>
 </context>
 <context>
@@ -1138,6 +1270,69 @@ Mantenga pulsada la tecla Meta (Super) para corregir en el instante exacto.</tra
         <source>Show Whole Movie</source>
         <translation>Mostrar toda la película</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Reproducir o pausar</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Cinco fotogramas atrás</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Un fotograma atrás</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Un fotograma adelante</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Cinco fotogramas adelante</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Posición de reproducción</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Idioma de los subtítulos</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Ninguna línea cambiada</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Reemplazado en 1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Reemplazado en %n línea</numerusform>
+            <numerusform>Reemplazado en %n líneas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Inicio de la línea</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Duración de la línea</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Texto de la línea</translation>
+    </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Mostrar la introducción</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1152,6 +1347,54 @@ Mantenga pulsada la tecla Meta (Super) para corregir en el instante exacto.</tra
     <message>
         <source>Clear Menu</source>
         <translation>Borrar el menú</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> o </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Sin elemento de menú</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Mantener para el modo «Desplazar» (las líneas se mueven lo mismo)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Mantener para el modo «Sola» (solo se mueve la línea actual)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>En Tap2Sync: fijar la línea actual cuando empieza</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Salir de Tap2Sync o de la pantalla completa</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Editar la celda de la línea seleccionada</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Atajos de teclado</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Comando</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Tecla</translation>
     </message>
 </context>
 <context>
@@ -1231,6 +1474,45 @@ Mantenga pulsada la tecla Meta (Super) para corregir en el instante exacto.</tra
     <message>
         <source>End Time</source>
         <translation>Hora de fin</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Tres cosas que saber</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Haga clic en una línea para ir a ella.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>La película salta al inicio de la línea. Alt-clic la selecciona sin mover la película.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Pulse la tecla de corrección (%1) cuando la oiga.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>La línea empieza en ese momento y las líneas hasta las líneas fijadas más cercanas la siguen. La franja junto al botón de corrección muestra adónde irán antes de pulsarlo.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync para una película entera.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Sincronización › Entrar en el modo «Tap2Sync» (%1): vea la película y pulse espacio cada vez que se diga una línea.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>No volver a mostrar</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Entendido</translation>
     </message>
 </context>
 <context>
@@ -1578,6 +1860,99 @@ Do you want to continue?</source>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: no se encontró en el archivo vídeo ni audio que pueda reproducir</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Tiempo de reproducción</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>El tiempo de reproducción de la película</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Modo de fijación</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Codificación</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>La codificación con la que se leyó el archivo de subtítulos</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Líneas</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>El número de líneas del archivo</translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Modo: Fijar</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Modo: Desplazar</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Modo: Sola</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Modo: Tap2Sync</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Ninguna línea que fijar</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fijar: las líneas entre las anclas se estiran</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Desplazar: las líneas entre las anclas se mueven lo mismo</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Sola: solo se mueve esta línea</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: pulse cuando empiece cada línea</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n línea</numerusform>
+            <numerusform>%n líneas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 de 1 línea</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 de %n línea</numerusform>
+            <numerusform>%1 de %n líneas</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

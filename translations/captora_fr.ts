@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un éditeur de sous-titres pour corriger la synchronisation des sous-titres sur un film.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Fonctionne avec :</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Continuer</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Un éditeur de sous-titres pour corriger la synchronisation des sous-titres sur un film.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
     </message>
 </context>
 <context>
@@ -557,6 +568,51 @@
         <comment>start time of a line</comment>
         <translation>Début</translation>
     </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Ancre : fixer ne déplace pas cette ligne</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Commence %1 s avant la fin de la ligne précédente</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Seulement %1 s après la ligne précédente (moins de deux images)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Plus rapide que la limite de %1 caractères par seconde</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Ancre</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Ancres : lignes que fixer ne déplace pas</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Vitesse de lecture en caractères par seconde</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Fin</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>car./s</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Lignes de sous-titres</translation>
+    </message>
 </context>
 <context>
     <name>EmbedOptionsDialog</name>
@@ -607,6 +663,82 @@
     <message>
         <source>Track in the movie</source>
         <translation>Piste du film</translation>
+    </message>
+</context>
+<context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Le décalage en attente de la ligne actuelle ; l’anneau est plein pour un dixième de la durée du film</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>À gauche : les lignes entre les lignes fixées telles qu’elles sont, l’actuelle en jaune. À droite : là où la correction les place, l’actuelle en rouge. Tout en rouge : hors des lignes fixées, rien ne bougerait.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Fixer : les lignes entre les lignes fixées les plus proches s’étirent pour suivre l’actuelle</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Décaler : les lignes entre les lignes fixées les plus proches bougent d’autant (maintenir Maj)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Seule : seule la ligne actuelle bouge (maintenir Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Décaler</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Seule</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Fixer</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Choisissez une ligne pour corriger son début.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Appuyez sur Espace dès que vous entendez la ligne ; Échap arrête.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>Hors des lignes fixées qui l’entourent : rien ne bougerait.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Seule cette ligne bouge, de %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n ligne, jusqu’aux lignes fixées les plus proches, bouge de %1.</numerusform>
+            <numerusform>%n lignes, jusqu’aux lignes fixées les plus proches, bougent ensemble de %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Cette ligne bouge de %1 ; les lignes jusqu’aux lignes fixées les plus proches s’étirent avec elle (%n en tout).</numerusform>
+            <numerusform>Cette ligne bouge de %1 ; les lignes jusqu’aux lignes fixées les plus proches s’étirent avec elle (%n en tout).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>typed, Return applies</source>
+        <translation>saisi, Entrée applique</translation>
     </message>
 </context>
 <context>
@@ -1138,6 +1270,69 @@ Maintenez la touche Méta (Super) pour corriger à l’instant exact.</translati
         <source>Show Whole Movie</source>
         <translation>Afficher tout le film</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Lire ou mettre en pause</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>Cinq images en arrière</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>Une image en arrière</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>Une image en avant</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>Cinq images en avant</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Position de lecture</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Temps de lecture</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Langue des sous-titres</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Aucune ligne modifiée</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Remplacé dans 1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Remplacé dans %n ligne</numerusform>
+            <numerusform>Remplacé dans %n lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Début de la ligne</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Durée de la ligne</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Texte de la ligne</translation>
+    </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Afficher la présentation</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1152,6 +1347,54 @@ Maintenez la touche Méta (Super) pour corriger à l’instant exact.</translati
     <message>
         <source>Clear Menu</source>
         <translation>Effacer le menu</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> ou </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Sans élément de menu</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Maintenir pour le mode « Décaler » (les lignes bougent d’autant)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Maintenir pour le mode « Seule » (seule la ligne en cours bouge)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>En Tap2Sync : fixer la ligne en cours quand elle commence</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Quitter Tap2Sync ou le plein écran</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Modifier la cellule de la ligne sélectionnée</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Commande</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Touche</translation>
     </message>
 </context>
 <context>
@@ -1231,6 +1474,45 @@ Maintenez la touche Méta (Super) pour corriger à l’instant exact.</translati
     <message>
         <source>End Time</source>
         <translation>Heure de fin</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Trois choses à savoir</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Cliquez sur une ligne pour y aller.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Le film saute au début de la ligne. Alt-clic la sélectionne sans déplacer le film.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Appuyez sur la touche de correction (%1) quand vous l’entendez.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>La ligne commence à cet instant, et les lignes jusqu’aux lignes fixées les plus proches suivent. La bande à côté du bouton de correction montre où elles iront avant que vous appuyiez.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync pour un film entier.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Synchronisation › Passer en mode «&#xa0;Tap2Sync&#xa0;» (%1) : regardez le film et appuyez sur Espace chaque fois qu’une ligne est dite.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Ne plus afficher</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Compris</translation>
     </message>
 </context>
 <context>
@@ -1578,6 +1860,99 @@ Voulez-vous continuer&#xa0;?</translation>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC&#xa0;: aucune vidéo ni aucun son lisible dans le fichier</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Temps de lecture</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Le temps de lecture du film</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Mode de fixation</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Encodage</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>L’encodage dans lequel le fichier de sous-titres a été lu</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Lignes</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Le nombre de lignes du fichier</translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Mode : Fixer</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Mode : Décaler</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Mode : Seule</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Mode : Tap2Sync</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Aucune ligne à fixer</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Fixer : les lignes entre les ancres s’étirent</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Décaler : les lignes entre les ancres bougent d’autant</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Seule : seule cette ligne bouge</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync : tapez au début de chaque ligne</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n ligne</numerusform>
+            <numerusform>%n lignes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 sur 1 ligne</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 sur %n ligne</numerusform>
+            <numerusform>%1 sur %n lignes</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

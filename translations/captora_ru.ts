@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru">
 <context>
+    <name>AboutBox</name>
+    <message>
+        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
+        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Редактор субтитров для исправления тайминга субтитров по фильму.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Running with:</source>
+        <translation>Работает с:</translation>
+    </message>
+</context>
+<context>
     <name>CTAppDelegate</name>
     <message>
         <source>The subtitles have changed since they were embedded into the movie.</source>
@@ -72,8 +83,8 @@
         <translation>Продолжить работу</translation>
     </message>
     <message>
-        <source>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;A subtitle editor for fixing subtitle timing against a movie.&lt;/p&gt;</source>
-        <translation>&lt;b&gt;%1 %2&lt;/b&gt;&lt;p&gt;Редактор субтитров для исправления тайминга субтитров по фильму.&lt;/p&gt;</translation>
+        <source>Keyboard Shortcuts</source>
+        <translation>Сочетания клавиш</translation>
     </message>
 </context>
 <context>
@@ -562,6 +573,51 @@
         <comment>start time of a line</comment>
         <translation>Начало</translation>
     </message>
+    <message>
+        <source>Anchor: a fix does not move this line</source>
+        <translation>Якорь: закрепление не сдвигает эту строку</translation>
+    </message>
+    <message>
+        <source>Starts %1 s before the line before it ends</source>
+        <translation>Начинается за %1 с до конца предыдущей строки</translation>
+    </message>
+    <message>
+        <source>Only %1 s after the line before it (less than two frames)</source>
+        <translation>Всего %1 с после предыдущей строки (меньше двух кадров)</translation>
+    </message>
+    <message>
+        <source>Faster than the limit of %1 characters per second</source>
+        <translation>Быстрее предела в %1 символов в секунду</translation>
+    </message>
+    <message>
+        <source>Anchor</source>
+        <translation>Якорь</translation>
+    </message>
+    <message>
+        <source>Anchors: lines a fix does not move</source>
+        <translation>Якоря: строки, которые закрепление не сдвигает</translation>
+    </message>
+    <message>
+        <source>Reading speed in characters per second</source>
+        <translation>Скорость чтения в символах в секунду</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <comment>end time of a line</comment>
+        <translation>Конец</translation>
+    </message>
+    <message>
+        <source>CPS</source>
+        <comment>characters per second, a column title</comment>
+        <translation>сим./с</translation>
+    </message>
+</context>
+<context>
+    <name>CueTableView</name>
+    <message>
+        <source>Subtitle lines</source>
+        <translation>Строки субтитров</translation>
+    </message>
 </context>
 <context>
     <name>EmbedOptionsDialog</name>
@@ -612,6 +668,84 @@
     <message>
         <source>Track in the movie</source>
         <translation>Дорожка в фильме</translation>
+    </message>
+</context>
+<context>
+    <name>FixPanel</name>
+    <message>
+        <source>The pending shift of the current line; the ring fills with a shift of a tenth of the movie</source>
+        <translation>Ожидающий сдвиг текущей строки; кольцо заполняется целиком при сдвиге на десятую часть фильма</translation>
+    </message>
+    <message>
+        <source>Left: the lines between the fixed lines as they are, the current one in yellow. Right: where the fix puts them, the current one in red. Red all over: outside the fixed lines, nothing would move.</source>
+        <translation>Слева: строки между закреплёнными строками как есть, текущая жёлтым. Справа: куда их поставит исправление, текущая красным. Всё красное: вне закреплённых строк ничего не сдвинется.</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the nearest fixed lines stretch to follow the current one</source>
+        <translation>Закрепить: строки между ближайшими закреплёнными растягиваются вслед за текущей</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the nearest fixed lines move by the same amount (hold Shift)</source>
+        <translation>Сдвинуть: строки между ближайшими закреплёнными сдвигаются на ту же величину (удерживать Shift)</translation>
+    </message>
+    <message>
+        <source>Single: only the current line moves (hold Alt)</source>
+        <translation>Одна: сдвигается только текущая строка (удерживать Alt)</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <comment>fix mode</comment>
+        <translation>Сдвинуть</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <comment>fix mode</comment>
+        <translation>Одна</translation>
+    </message>
+    <message>
+        <source>Tap2Sync</source>
+        <translation>Tap2Sync</translation>
+    </message>
+    <message>
+        <source>Fix</source>
+        <comment>fix mode</comment>
+        <translation>Закрепить</translation>
+    </message>
+    <message>
+        <source>Select a line to fix its start.</source>
+        <translation>Выберите строку, чтобы исправить её начало.</translation>
+    </message>
+    <message>
+        <source>Press space the moment you hear the line; Escape stops.</source>
+        <translation>Нажмите пробел, как только услышите строку; Esc — выход.</translation>
+    </message>
+    <message>
+        <source>Outside the fixed lines around it: nothing would move.</source>
+        <translation>За пределами окружающих закреплённых строк: ничего не сдвинется.</translation>
+    </message>
+    <message>
+        <source>Only this line moves, by %1.</source>
+        <translation>Сдвигается только эта строка, на %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines, up to the nearest fixed lines, move by %1 together.</source>
+        <translation>
+            <numerusform>%n строка до ближайших закреплённых сдвигается на %1.</numerusform>
+            <numerusform>%n строки до ближайших закреплённых сдвигаются вместе на %1.</numerusform>
+            <numerusform>%n строк до ближайших закреплённых сдвигаются вместе на %1.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>This line moves by %1; the lines up to the nearest fixed lines stretch with it (%n in all).</source>
+        <translation>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+            <numerusform>Эта строка сдвигается на %1; строки до ближайших закреплённых растягиваются вместе с ней (всего %n).</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>typed, Return applies</source>
+        <translation>введено: Enter</translation>
     </message>
 </context>
 <context>
@@ -1144,6 +1278,70 @@ Hold the Meta (Super) key to fix at the time as it is.</source>
         <source>Show Whole Movie</source>
         <translation>Показать весь фильм</translation>
     </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Воспроизвести или приостановить</translation>
+    </message>
+    <message>
+        <source>Five frames back</source>
+        <translation>На пять кадров назад</translation>
+    </message>
+    <message>
+        <source>One frame back</source>
+        <translation>На кадр назад</translation>
+    </message>
+    <message>
+        <source>One frame forward</source>
+        <translation>На кадр вперёд</translation>
+    </message>
+    <message>
+        <source>Five frames forward</source>
+        <translation>На пять кадров вперёд</translation>
+    </message>
+    <message>
+        <source>Playing position</source>
+        <translation>Позиция воспроизведения</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Время воспроизведения</translation>
+    </message>
+    <message>
+        <source>Subtitle language</source>
+        <translation>Язык субтитров</translation>
+    </message>
+    <message>
+        <source>No line changed</source>
+        <translation>Ни одна строка не изменена</translation>
+    </message>
+    <message>
+        <source>Replaced in 1 line</source>
+        <translation>Заменено в 1 строке</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced in %n lines</source>
+        <translation>
+            <numerusform>Заменено в %n строке</numerusform>
+            <numerusform>Заменено в %n строках</numerusform>
+            <numerusform>Заменено в %n строках</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Start time of the line</source>
+        <translation>Начало строки</translation>
+    </message>
+    <message>
+        <source>Duration of the line</source>
+        <translation>Длительность строки</translation>
+    </message>
+    <message>
+        <source>Text of the line</source>
+        <translation>Текст строки</translation>
+    </message>
+    <message>
+        <source>Show Tutorial</source>
+        <translation>Показать введение</translation>
+    </message>
 </context>
 <context>
     <name>RecentFilesMenu</name>
@@ -1158,6 +1356,54 @@ Hold the Meta (Super) key to fix at the time as it is.</source>
     <message>
         <source>Clear Menu</source>
         <translation>Очистить меню</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutSheet</name>
+    <message>
+        <source> or </source>
+        <comment>between two keys</comment>
+        <translation> или </translation>
+    </message>
+    <message>
+        <source>Without a menu item</source>
+        <translation>Без пункта меню</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Shift (the lines move by as much)</source>
+        <translation>Удерживать для режима «Сдвинуть» (строки сдвигаются на столько же)</translation>
+    </message>
+    <message>
+        <source>Hold for the fix mode Single (only the current line moves)</source>
+        <translation>Удерживать для режима «Одна» (сдвигается только текущая строка)</translation>
+    </message>
+    <message>
+        <source>In Tap2Sync: fix the current line as it begins</source>
+        <translation>В Tap2Sync: закрепить текущую строку, когда она начинается</translation>
+    </message>
+    <message>
+        <source>Leave Tap2Sync, or leave full screen</source>
+        <translation>Выйти из Tap2Sync или из полноэкранного режима</translation>
+    </message>
+    <message>
+        <source>Edit the selected line&apos;s cell</source>
+        <translation>Изменить ячейку выбранной строки</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Сочетания клавиш</translation>
+    </message>
+    <message>
+        <source>Keyboard shortcuts</source>
+        <translation>Сочетания клавиш</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Команда</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>Клавиша</translation>
     </message>
 </context>
 <context>
@@ -1239,6 +1485,45 @@ Hold the Meta (Super) key to fix at the time as it is.</source>
     <message>
         <source>End Time</source>
         <translation>Время конца</translation>
+    </message>
+</context>
+<context>
+    <name>TutorialOverlay</name>
+    <message>
+        <source>Three things to know</source>
+        <translation>Три вещи, которые нужно знать</translation>
+    </message>
+    <message>
+        <source>Click a line to go there.</source>
+        <translation>Щёлкните строку, чтобы перейти к ней.</translation>
+    </message>
+    <message>
+        <source>The movie jumps to the line&apos;s start. Alt-click selects it without moving the movie.</source>
+        <translation>Фильм переходит к началу строки. Alt-щелчок выбирает её, не перемещая фильм.</translation>
+    </message>
+    <message>
+        <source>Press the fix key (%1) when you hear it.</source>
+        <translation>Нажмите клавишу исправления (%1), когда услышите её.</translation>
+    </message>
+    <message>
+        <source>The line starts at that moment, and the lines up to the nearest fixed lines follow. The strip beside the fix button shows where they will go before you press it.</source>
+        <translation>Строка начинается в этот момент, а строки до ближайших закреплённых следуют за ней. Полоска рядом с кнопкой исправления заранее показывает, куда они сдвинутся.</translation>
+    </message>
+    <message>
+        <source>Tap2Sync for a whole film.</source>
+        <translation>Tap2Sync для целого фильма.</translation>
+    </message>
+    <message>
+        <source>Timing › Enter &quot;Tap2Sync&quot; Mode (%1): watch the film and press space each time a line is spoken.</source>
+        <translation>Тайминг › Включить режим «Tap2Sync» (%1): смотрите фильм и нажимайте пробел каждый раз, когда произносится строка.</translation>
+    </message>
+    <message>
+        <source>Do not show this again</source>
+        <translation>Больше не показывать</translation>
+    </message>
+    <message>
+        <source>Got It</source>
+        <translation>Понятно</translation>
     </message>
 </context>
 <context>
@@ -1586,6 +1871,101 @@ Do you want to continue?</source>
     <message>
         <source>libVLC: no video or audio it can play was found in the file</source>
         <translation>libVLC: в файле не найдено видео или звука, которые можно воспроизвести</translation>
+    </message>
+</context>
+<context>
+    <name>WindowStatusBar</name>
+    <message>
+        <source>Status</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>Playing time</source>
+        <translation>Время воспроизведения</translation>
+    </message>
+    <message>
+        <source>The movie&apos;s playing time</source>
+        <translation>Время воспроизведения фильма</translation>
+    </message>
+    <message>
+        <source>Fix mode</source>
+        <translation>Режим закрепления</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Кодировка</translation>
+    </message>
+    <message>
+        <source>The encoding the subtitle file was read in</source>
+        <translation>Кодировка, в которой был прочитан файл субтитров</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Строки</translation>
+    </message>
+    <message>
+        <source>The number of lines in the file</source>
+        <translation>Количество строк в файле</translation>
+    </message>
+    <message>
+        <source>Mode: Fix</source>
+        <translation>Режим: закрепить</translation>
+    </message>
+    <message>
+        <source>Mode: Shift</source>
+        <translation>Режим: сдвинуть</translation>
+    </message>
+    <message>
+        <source>Mode: Single</source>
+        <translation>Режим: одна</translation>
+    </message>
+    <message>
+        <source>Mode: Tap2Sync</source>
+        <translation>Режим: Tap2Sync</translation>
+    </message>
+    <message>
+        <source>No line to fix</source>
+        <translation>Нет строки для закрепления</translation>
+    </message>
+    <message>
+        <source>Fix: the lines between the anchors stretch</source>
+        <translation>Закрепить: строки между якорями растягиваются</translation>
+    </message>
+    <message>
+        <source>Shift: the lines between the anchors move by as much</source>
+        <translation>Сдвинуть: строки между якорями сдвигаются на столько же</translation>
+    </message>
+    <message>
+        <source>Single: only this line moves</source>
+        <translation>Одна: сдвигается только эта строка</translation>
+    </message>
+    <message>
+        <source>Tap2Sync: tap as each line begins</source>
+        <translation>Tap2Sync: нажимайте, когда начинается каждая строка</translation>
+    </message>
+    <message>
+        <source>1 line</source>
+        <translation>1 строка</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n строка</numerusform>
+            <numerusform>%n строки</numerusform>
+            <numerusform>%n строк</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of 1 line</source>
+        <translation>%1 из 1 строки</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n lines</source>
+        <translation>
+            <numerusform>%1 из %n строки</numerusform>
+            <numerusform>%1 из %n строк</numerusform>
+            <numerusform>%1 из %n строк</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

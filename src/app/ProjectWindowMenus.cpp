@@ -1,8 +1,8 @@
 // The window's menus and keyboard: commands by name, titled and enabled by the project; the
 // language pop-up; the panels; the frame-step keys and the fix key.
 #include "CTFixButton.h"
-#include "PlaybackMenu.h"
 #include "CTTimeView.h"
+#include "PlaybackMenu.h"
 #include "ProjectWindow.h"
 #include "VHEncoding.h"
 
@@ -221,7 +221,12 @@ const QList<ProjectWindow::Command> &ProjectWindow::commandTable()
          [](W &, P &p) { p.toggleTap2Sync(); },
          false,
          true},
-        {Menu::Timing, u"showTutorial:"_s, QT_TR_NOOP("Show Tutorial"), {}, {}, [](W &w, P &) { w.showTutorial(); },
+        {Menu::Timing,
+         u"showTutorial:"_s,
+         QT_TR_NOOP("Show Tutorial"),
+         {},
+         {},
+         [](W &w, P &) { w.showTutorial(); },
          true},
 
         {Menu::Movie,

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "FixMode.h"
 #include "Observable.h"
 
 #include <QCoreApplication>
-#include "FixMode.h"
-
 #include <QStatusBar>
 
 class CTWindowController;

@@ -33,8 +33,8 @@ class FolderPermissions;
 //
 // Observable keys: subtitlePath, subtitles, currentSubtitle, selectionIndices, start,
 // duration, subtitleText, forced, hasChanged, hasSubtitleFile, hasMovie, hasPrevious,
-// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath, fileEncoding, playing (announced
-// when the player starts or stops; the player has the state).
+// hasNext, fixMode, canFix, forcedState, searchPredicate, languages, basePath, fileEncoding, playing
+// (announced when the player starts or stops; the player has the state).
 //
 // Threading: main thread only.
 class CTWindowController : public Observable, public PlaybackControlDelegate, private CueListEditorDelegate

@@ -84,9 +84,10 @@ void CTWindowController::setSubtitlePath(const QString &path, bool chapterMark)
         const auto encoding = Encodings::canonical(EncodingId(Preferences::Encoding.value()));
         const bool optional = target == path;
         std::optional<SubtitleList> cues =
-            chapterMark ? VHVideoText::videoTextsFromFileAtURL(path, movieDuration(), encoding, optional)
-                        : VHSubtitle::subtitlesFromFileAtURL(path, fps(), movieDuration(), encoding, optional,
-                                                             VHSubtitle::Salvage::Ask, &salvaged, &fileEncoding);
+            chapterMark
+                ? VHVideoText::videoTextsFromFileAtURL(path, movieDuration(), encoding, optional)
+                : VHSubtitle::subtitlesFromFileAtURL(path, fps(), movieDuration(), encoding, optional,
+                                                     VHSubtitle::Salvage::Ask, &salvaged, &fileEncoding);
         setSubtitles(cues.value_or(SubtitleList()));
         setFixMode(defaultFixMode());
         if (!m_subtitles.isEmpty()) {

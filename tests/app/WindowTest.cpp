@@ -794,6 +794,7 @@ TEST_F(WindowTest, EveryCommandHasOneItemKeysNoOtherItemTakesAndSomethingToRunIt
     std::sort(table.begin(), table.end());
     EXPECT_EQ(itemsWithCommands, table);
     EXPECT_EQ(ProjectWindow::command(u"noSuchCommand:"_s), nullptr);
+}
 
 TEST_F(WindowTest, ThePlaybackMenuPlaysTheLineByItsKeysAndTicksTheSpeed)
 {

@@ -237,7 +237,7 @@ TEST_F(Tap2SyncTest, TheModeChosenOnTheControlIsWhereModifiersEscapeAndTap2SyncR
     project->setSelectionIndices({1});
     project->setChosenFixMode(FixMode::Shift);
     EXPECT_EQ(project->fixMode(), FixMode::Shift);
-    EXPECT_EQ(project->defaultFixMode(), 2);
+    EXPECT_EQ(project->defaultFixMode(), FixMode::Shift);
     project->setModifierKeys(CTWindowController::OptionModifier);
     project->updateFixMode();
     EXPECT_EQ(project->fixMode(), FixMode::Single);
