@@ -133,7 +133,7 @@ TEST_F(InterfaceWindow, GermanMenusAndQuestions)
     if (!QLocale::system().name().startsWith(u"de"_s))
         GTEST_SKIP() << "needs LANG=de_DE.UTF-8";
     EXPECT_EQ(menuTitles(*window), (QStringList{u"&Datei"_s, u"&Bearbeiten"_s, u"&Kapitelmarken"_s,
-                                                u"&Timing"_s, u"&Film"_s, u"&Ansicht"_s}));
+                                                u"&Timing"_s, u"&Film"_s, u"&Wiedergabe"_s, u"&Ansicht"_s}));
     // Titles the project computes, and the fixed ones.
     const QStringList file = itemTitles(*window, 0);
     EXPECT_TRUE(file.contains(u"Untertitel speichern"_s)) << file.join(u" | "_s).toStdString();
@@ -162,7 +162,7 @@ TEST_F(InterfaceWindow, EnglishUnderTheCLocale)
         GTEST_SKIP() << "needs LANG=C.UTF-8";
     EXPECT_TRUE(translators.empty());
     EXPECT_EQ(menuTitles(*window), (QStringList{u"&File"_s, u"&Edit"_s, u"&Chapter Marks"_s, u"&Timing"_s,
-                                                u"&Movie"_s, u"&View"_s}));
+                                                u"&Movie"_s, u"&Playback"_s, u"&View"_s}));
     EXPECT_TRUE(itemTitles(*window, 0).contains(u"Save Subtitle"_s));
     const Prompt question = tap2SyncQuestion();
     EXPECT_EQ(question.message, u"How to use \"Tap2Sync\""_s);
