@@ -14,6 +14,8 @@ here="$(cd "$(dirname "$0")" && pwd)"
 minutes="${1:-120}"
 build="${2:-$here/../build/release}"
 [[ -x "$build/src/cli/captora-cli-media" ]] || build="$here/../build/dev"
+# The runs happen in a work folder: a build folder given relative to here must still be found.
+build="$(cd "$build" && pwd)"
 cli="$build/src/cli/captora-cli-media"
 bench="$build/bench/audio_analysis_bench"
 work=$(mktemp -d "${TMPDIR:-/tmp}/captora-audio-bench.XXXXXX")
