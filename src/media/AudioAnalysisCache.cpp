@@ -49,7 +49,7 @@ QString folderOf(const AudioAnalysisRequest &request)
 QString defaultFolder()
 {
     QString base = qEnvironmentVariable("XDG_CACHE_HOME");
-    // The base directory specification ignores relative paths.
+    // XDG folders must be absolute: a relative value is ignored, as other programs ignore it.
     if (base.isEmpty() || !QDir::isAbsolutePath(base))
         base = QDir::homePath() + QStringLiteral("/.cache");
     return base + QStringLiteral("/captora");

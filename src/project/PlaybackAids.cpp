@@ -50,8 +50,7 @@ PlaybackControl *PlaybackAids::player() const
 bool PlaybackAids::canPlayLine() const
 {
     const SubtitlePtr &line = m_project.currentSubtitle();
-    return player() && line && line->end() > line->start() &&
-           m_project.fixMode() != FixMode::Tap2Sync;
+    return player() && line && line->end() > line->start() && m_project.fixMode() != FixMode::Tap2Sync;
 }
 
 void PlaybackAids::playLine()

@@ -445,7 +445,7 @@ TEST(AudioAnalysisCacheTest, TheFolderFollowsXdgCacheHome)
     const QByteArray saved = qgetenv("XDG_CACHE_HOME");
     qputenv("XDG_CACHE_HOME", "/var/tmp/some cache");
     EXPECT_EQ(AudioAnalysisCache::defaultFolder(), u"/var/tmp/some cache/captora"_s);
-    // A relative value is ignored, as the base directory specification says.
+    // A relative value is ignored: XDG folders must be absolute.
     qputenv("XDG_CACHE_HOME", "relative");
     EXPECT_EQ(AudioAnalysisCache::defaultFolder(), QDir::homePath() + u"/.cache/captora"_s);
     qunsetenv("XDG_CACHE_HOME");

@@ -54,11 +54,12 @@ QString twoAudioTracksMovie(const TempDir &dir)
 {
     const QString path = dir.path(u"two-audio.mkv"_s);
     QProcess ffmpeg;
-    ffmpeg.start(u"ffmpeg"_s, u"-hide_banner -loglevel error -f lavfi -i testsrc=size=160x120:rate=25 -f lavfi "
-                              "-i sine=frequency=300 -f lavfi -i sine=frequency=600 -map 0 -map 1 -map 2 -t 1 "
-                              "-c:v libx264 -preset ultrafast -c:a:0 aac -c:a:1 ac3 -metadata:s:a:0 language=eng "
-                              "-metadata:s:a:1 language=fre"_s.split(u' ') +
-                                  QStringList{path});
+    ffmpeg.start(u"ffmpeg"_s,
+                 u"-hide_banner -loglevel error -f lavfi -i testsrc=size=160x120:rate=25 -f lavfi "
+                 "-i sine=frequency=300 -f lavfi -i sine=frequency=600 -map 0 -map 1 -map 2 -t 1 "
+                 "-c:v libx264 -preset ultrafast -c:a:0 aac -c:a:1 ac3 -metadata:s:a:0 language=eng "
+                 "-metadata:s:a:1 language=fre"_s.split(u' ') +
+                     QStringList{path});
     if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0)
         ADD_FAILURE() << ffmpeg.readAllStandardError().toStdString();
     return path;

@@ -156,7 +156,9 @@ TEST_F(ProjectTest, SearchIgnoresAccentsButReplaceDoesNot)
 
 TEST_F(ProjectTest, MenuTitlesAndEnabledStates)
 {
-    auto title = [&](const QString &command) { return project->validateMenuItem(command).title.value_or(u"-"_s); };
+    auto title = [&](const QString &command) {
+        return project->validateMenuItem(command).title.value_or(u"-"_s);
+    };
     auto enabled = [&](const QString &command) { return project->validateMenuItem(command).enabled; };
     EXPECT_FALSE(enabled(u"saveSubtitle:"_s));
     EXPECT_FALSE(enabled(u"toggleTap2Sync:"_s));

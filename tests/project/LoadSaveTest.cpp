@@ -158,7 +158,8 @@ TEST_F(ProjectTest, ExportWritesACopyInTheChosenFormat)
     view.saveAnswers << FakeView::SaveAnswer{dir.path(u"out/copy"_s), 1, 0, true};
     project->exportSubtitle();
     QByteArray vtt = dir.read(u"out/copy.vtt"_s);
-    EXPECT_TRUE(vtt.startsWith("WEBVTT\r\n\r\nChapter 1\r\n00:00:01.000 --> 00:00:02.500\r\nHello\r\nworld\r\n\r\n"))
+    EXPECT_TRUE(
+        vtt.startsWith("WEBVTT\r\n\r\nChapter 1\r\n00:00:01.000 --> 00:00:02.500\r\nHello\r\nworld\r\n\r\n"))
         << vtt.constData();
     EXPECT_FALSE(vtt.replace("\r\n", "").contains('\n'));
     EXPECT_EQ(Settings::shared().integerValue(u"ExportType"_s), 1);

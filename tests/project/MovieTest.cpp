@@ -240,7 +240,9 @@ TEST_F(MovieTest, TheRememberedAudioTrackIsChosenWhenTheMovieHasIt)
 TEST_F(MovieTest, ExtractionRunsOnlyForTheFirstPlayerAndTheSearchOpensWithoutCues)
 {
     QList<std::pair<bool, bool>> extractions;
-    project->setExtractionHook([&](bool subtitles, bool chapters) { extractions.append({subtitles, chapters}); });
+    project->setExtractionHook([&](bool subtitles, bool chapters) {
+        extractions.append({subtitles, chapters});
+    });
     Settings::shared().setValue(u"AutoExtractVTT"_s, true);
     project->setMoviePath(movie);
     loaded();

@@ -24,14 +24,20 @@ TEST(LoadingOrder, TheFirstReaderInOrderThatAcceptsTheTextWins)
     };
     const Case cases[] = {
         // Plain text only from a file named .txt, in any case; every line is a cue.
-        {u"upper.TXT"_s, plain, 0, {{u"First line"_s, 0, 10}, {{}, 10, 20}, {u"Third line after an empty one"_s, 20, 30}}},
+        {u"upper.TXT"_s,
+         plain,
+         0,
+         {{u"First line"_s, 0, 10}, {{}, 10, 20}, {u"Third line after an empty one"_s, 20, 30}}},
         {u"same_text.dat"_s, plain, 0, {}},
         {u"txt"_s, plain, 0, {}},
         // MicroDVD without a frame rate is timed at 25 frames a second.
         {u"a.sub"_s, microDVD, 0, {{u"MicroDVD"_s, 1, 2}, {u"Two"_s, 4, 6}}},
         {u"b.sub"_s, microDVD, 50, {{u"MicroDVD"_s, 0.5, 1}, {u"Two"_s, 2, 3}}},
         // SubRip before MicroDVD: the first line would be a MicroDVD frame-rate cue.
-        {u"c.srt"_s, fixtureBytes(u"model"_s, u"subrip_with_microdvd_rate_line.srt"_s), 0, {{u"Hello"_s, 1, 2}}},
+        {u"c.srt"_s,
+         fixtureBytes(u"model"_s, u"subrip_with_microdvd_rate_line.srt"_s),
+         0,
+         {{u"Hello"_s, 1, 2}}},
         {u"d.sub"_s, microDVD + subViewer, 0, {{u"SubViewer"_s, 2, 3}}},
         {u"e.ass"_s, events + subViewer, 0, {{u"SubViewer"_s, 2, 3}}},
         {u"f.ass"_s, microDVD + events, 0, {{u"MicroDVD"_s, 1, 2}, {u"Two"_s, 4, 6}}},
@@ -51,8 +57,9 @@ TEST(LoadingOrder, TheFirstReaderInOrderThatAcceptsTheTextWins)
 TEST(LoadingOrder, RepairRunsOnTheLoadedCues)
 {
     LogCapture log;
-    EXPECT_TRUE(cuesAre(VHSubtitle::subtitlesFromFileAtURL(fixturePath(u"model"_s, u"subviewer_overlapping_cues.sub"_s)),
-                        {{u"First"_s, 1, 3}, {u"Second starts inside the first"_s, 3, 4}}));
+    EXPECT_TRUE(cuesAre(
+        VHSubtitle::subtitlesFromFileAtURL(fixturePath(u"model"_s, u"subviewer_overlapping_cues.sub"_s)),
+        {{u"First"_s, 1, 3}, {u"Second starts inside the first"_s, 3, 4}}));
     EXPECT_EQ(log.count(u"Warning: Correcting subtitle end from 00:00:05,000 to 00:00:03,000"_s), 1);
 }
 
@@ -90,15 +97,16 @@ TEST(LoadingOrder, TheLoaderSaysWhichEncodingItReadTheFileIn)
         {"a byte-order mark beats the suggestion", utf16, Encodings::ISOLatin1, true, Encodings::UTF16},
         {"asked for and decoding", "1\n00:00:01,000 --> 00:00:02,000\nCaf\xe9\n", Encodings::ISOLatin1, false,
          Encodings::ISOLatin1},
-        {"suggested, when not UTF-8", "1\n00:00:01,000 --> 00:00:02,000\nCaf\xe9\n", Encodings::ISOLatin1, true,
-         Encodings::ISOLatin1},
+        {"suggested, when not UTF-8", "1\n00:00:01,000 --> 00:00:02,000\nCaf\xe9\n", Encodings::ISOLatin1,
+         true, Encodings::ISOLatin1},
     };
     TempDir dir;
     LogCapture log;
     for (const Case &c : cases) {
         EncodingId used = Encodings::None;
-        const auto cues = VHSubtitle::subtitlesFromFileAtURL(dir.write(u"a.srt"_s, c.bytes), 0, 10, c.asked,
-                                                             c.optional, VHSubtitle::Salvage::Never, nullptr, &used);
+        const auto cues =
+            VHSubtitle::subtitlesFromFileAtURL(dir.write(u"a.srt"_s, c.bytes), 0, 10, c.asked, c.optional,
+                                               VHSubtitle::Salvage::Never, nullptr, &used);
         ASSERT_TRUE(cues.has_value()) << c.name;
         EXPECT_EQ(cues->first()->string(), u"Café"_s) << c.name;
         EXPECT_EQ(used, c.used) << c.name;
